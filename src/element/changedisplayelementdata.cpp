@@ -2,19 +2,16 @@
 
 ChangeDisplayElementData::ChangeDisplayElementData()
     : ChangeDisplayElementData(0)
-{
-}
+{ }
 
 ChangeDisplayElementData::ChangeDisplayElementData(int displayType)
     : _displayType(displayType)
-{
-}
+{ }
 
 ChangeDisplayElementData::ChangeDisplayElementData(const ChangeDisplayElementData &other)
     : ElementData(other)
     , _displayType(other._displayType)
-{
-}
+{ }
 
 ChangeDisplayElementData &ChangeDisplayElementData::operator=(const ChangeDisplayElementData &other)
 {

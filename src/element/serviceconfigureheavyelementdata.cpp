@@ -15,11 +15,10 @@ ServiceConfigureHeavyElementData::ServiceConfigureHeavyElementData(
     , _password(other._password)
     , _checkedItems(other._checkedItems)
     , _uncheckedItems(other._uncheckedItems)
-{
-}
+{ }
 
-ServiceConfigureHeavyElementData &ServiceConfigureHeavyElementData::operator=(
-    const ServiceConfigureHeavyElementData &other)
+ServiceConfigureHeavyElementData &
+ServiceConfigureHeavyElementData::operator=(const ServiceConfigureHeavyElementData &other)
 {
     if (&other == this)
         return *this;

@@ -6,8 +6,7 @@ ServiceHeavyElementData::ServiceHeavyElementData(const ServiceHeavyElementData &
     : ServiceLightElementData(other)
     , _configData(other._configData)
     , _configFile(other._configFile)
-{
-}
+{ }
 
 ServiceHeavyElementData &ServiceHeavyElementData::operator=(const ServiceHeavyElementData &other)
 {

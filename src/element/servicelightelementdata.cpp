@@ -4,15 +4,13 @@
 
 ServiceLightElementData::ServiceLightElementData()
     : _state(false)
-{
-}
+{ }
 
 ServiceLightElementData::ServiceLightElementData(const ServiceLightElementData &other)
     : ElementData(other)
     , _state(other._state)
     , _textState(other._textState)
-{
-}
+{ }
 
 ServiceLightElementData &ServiceLightElementData::operator=(const ServiceLightElementData &other)
 {

@@ -1,0 +1,322 @@
+#include "treenodemodel.h"
+
+#include "treenode/treenode.h"
+#include "treenode/treenodemodelextension_p.h"
+
+TreeNodeModel::TreeNodeModel(QObject *parent)
+    : TreeNodeModel(nullptr, parent)
+{ }
+
+TreeNodeModel::TreeNodeModel(TreeNode *rootNode, QObject *parent)
+    : QAbstractItemModel(parent)
+    , _rootNode(rootNode)
+{
+    if (_rootNode)
+        connectVertexNode(_rootNode);
+}
+
+TreeNodeModel::~TreeNodeModel() = default;
+
+TreeNode *TreeNodeModel::rootNode() const
+{
+    return _rootNode;
+}
+
+void TreeNodeModel::setRootNode(TreeNode *rootNode)
+{
+    if (rootNode == _rootNode)
+        return;
+    if (_rootNode)
+        disconnectVertexNode(_rootNode);
+    beginResetModel();
+    _rootNode = rootNode;
+    _rowHints.clear();
+    endResetModel();
+    if (_rootNode)
+        connectVertexNode(_rootNode);
+}
+
+const QList<TreeNode *> &TreeNodeModel::extraRootChildNodes() const
+{
+    return _extraRootChildNodes;
+}
+
+void TreeNodeModel::setExtraRootChildNodes(const QList<TreeNode *> &nodes)
+{
+    if (&nodes == &_extraRootChildNodes)
+        return;
+    beginResetModel();
+    for (TreeNode *node : qAsConst(_extraRootChildNodes))
+        disconnectVertexNode(node);
+    _extraRootChildNodes = nodes;
+    for (TreeNode *node : qAsConst(_extraRootChildNodes))
+        connectVertexNode(node);
+    _rowHints.clear();
+    endResetModel();
+}
+
+void TreeNodeModel::deleteExtraRootChildNodes()
+{
+    if (_extraRootChildNodes.isEmpty())
+        return;
+    beginResetModel();
+    for (TreeNode *node : qAsConst(_extraRootChildNodes)) {
+        disconnectVertexNode(node);
+        delete node;
+    }
+    _extraRootChildNodes.clear();
+    _rowHints.clear();
+    endResetModel();
+}
+
+TreeNode *TreeNodeModel::toTreeNode(const QModelIndex &index) const
+{
+    if (!_rootNode)
+        return nullptr;
+    if (index.row() < 0 || index.column() < 0 || !index.model())
+        return _rootNode;
+    if (index.model() != this)
+        return nullptr;
+    auto *parentNode = static_cast<TreeNode *>(index.internalPointer());
+    int row = index.row();
+    if (parentNode == _rootNode) {
+        if (row < _extraRootChildNodes.size())
+            return _extraRootChildNodes.at(row);
+        row -= _extraRootChildNodes.size();
+    }
+    return row < parentNode->childNodesCount() ? parentNode->childNodes().at(row) : nullptr;
+}
+
+QList<TreeNode *> TreeNodeModel::toTreeNode(const QItemSelectionRange &range) const
+{
+    return OvtCommonPrivate::nodesOfRange(this, this, range);
+}
+
+QList<TreeNode *> TreeNodeModel::toTreeNode(const QItemSelection &selection) const
+{
+    return OvtCommonPrivate::nodesOfSelection(this, this, selection);
+}
+
+int TreeNodeModel::rowOf(TreeNode *node, TreeNode *parent) const
+{
+    const QList<TreeNode *> &siblings = parent->childNodes();
+    const auto hint = _rowHints.constFind(node);
+    if (hint != _rowHints.constEnd() && hint.value() < siblings.size()
+        && siblings.at(hint.value()) == node)
+        return hint.value();
+    const int row = siblings.indexOf(node);
+    if (row >= 0)
+        _rowHints.insert(node, row);
+    return row;
+}
+
+QModelIndex TreeNodeModel::treeNodeToIndex(TreeNode *node) const
+{
+    if (!_rootNode || !node || node == _rootNode)
+        return QModelIndex();
+    const int extraRow = _extraRootChildNodes.indexOf(node);
+    if (extraRow >= 0)
+        return createIndex(extraRow, 0, _rootNode);
+
+    TreeNode *ancestor = node->parentNode();
+    while (ancestor && ancestor != _rootNode)
+        ancestor = ancestor->parentNode();
+    if (!ancestor)
+        return QModelIndex();
+
+    TreeNode *parentNode = node->parentNode();
+    int row = rowOf(node, parentNode);
+    if (row < 0)
+        return QModelIndex();
+    if (parentNode == _rootNode)
+        row += _extraRootChildNodes.size();
+    return createIndex(row, 0, parentNode);
+}
+
+QModelIndex TreeNodeModel::index(int row, int column, const QModelIndex &parent) const
+{
+    TreeNode *parentNode = toTreeNode(parent);
+    if (!parentNode || row < 0 || column < 0 || column >= columnCount(parent))
+        return QModelIndex();
+    const int rows = (parentNode == _rootNode ? _extraRootChildNodes.size() : 0)
+        + parentNode->childNodesCount();
+    if (row >= rows)
+        return QModelIndex();
+    return createIndex(row, column, parentNode);
+}
+
+QModelIndex TreeNodeModel::parent(const QModelIndex &index) const
+{
+    if (!_rootNode || !index.isValid() || index.model() != this)
+        return QModelIndex();
+    return treeNodeToIndex(static_cast<TreeNode *>(index.internalPointer()));
+}
+
+int TreeNodeModel::rowCount(const QModelIndex &parent) const
+{
+    TreeNode *parentNode = toTreeNode(parent);
+    if (!parentNode)
+        return 0;
+    return parentNode->childNodesCount()
+        + (parentNode == _rootNode ? _extraRootChildNodes.size() : 0);
+}
+
+int TreeNodeModel::columnCount(const QModelIndex &) const
+{
+    return _rootNode ? _rootNode->columnCount() : 0;
+}
+
+QVariant TreeNodeModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    return _rootNode ? _rootNode->headerData(section, orientation, role) : QVariant();
+}
+
+QVariant TreeNodeModel::data(const QModelIndex &index, int role) const
+{
+    if (!_rootNode || !index.isValid())
+        return QVariant();
+    TreeNode *node = toTreeNode(index);
+    return node ? node->data(index.column(), role) : QVariant();
+}
+
+bool TreeNodeModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    if (!_rootNode || !index.isValid())
+        return false;
+    TreeNode *node = toTreeNode(index);
+    if (!node)
+        return false;
+    const bool changed = node->setData(index.column(), value, role);
+    if (changed)
+        emit dataChanged(index, index, {});
+    return changed;
+}
+
+Qt::ItemFlags TreeNodeModel::flags(const QModelIndex &index) const
+{
+    if (!_rootNode || !index.isValid())
+        return Qt::NoItemFlags;
+    TreeNode *node = toTreeNode(index);
+    return node ? node->flags(index.column()) : Qt::NoItemFlags;
+}
+
+bool TreeNodeModel::canFetchMore(const QModelIndex &parent) const
+{
+    TreeNode *node = toTreeNode(parent);
+    return node && node->canFetchMore();
+}
+
+void TreeNodeModel::fetchMore(const QModelIndex &parent)
+{
+    if (TreeNode *node = toTreeNode(parent))
+        node->fetchMore();
+}
+
+bool TreeNodeModel::hasChildren(const QModelIndex &parent) const
+{
+    if (!_rootNode)
+        return false;
+    if (rowCount(parent) == 0 && !canFetchMore(parent))
+        return false;
+    TreeNode *node = toTreeNode(parent);
+    if (!node)
+        return true;
+    return !(node->treeNodeSpecialFlags() & 0x4);
+}
+
+void TreeNodeModel::nodesAboutToBeReset()
+{
+    if (!_rootNode)
+        return;
+    beginResetModel();
+    blockSignals(true);
+}
+
+void TreeNodeModel::nodesReset()
+{
+    if (!_rootNode)
+        return;
+    blockSignals(false);
+    _rowHints.clear();
+    endResetModel();
+}
+
+void TreeNodeModel::nodesAboutToBeInserted(TreeNode *parent, int first, int last)
+{
+    if (!_rootNode)
+        return;
+    if (parent == _rootNode) {
+        first += _extraRootChildNodes.size();
+        last += _extraRootChildNodes.size();
+    }
+    beginInsertRows(treeNodeToIndex(parent), first, last);
+}
+
+void TreeNodeModel::nodesAboutToBeRemoved(TreeNode *parent, int first, int last)
+{
+    if (!_rootNode)
+        return;
+    if (parent == _rootNode) {
+        first += _extraRootChildNodes.size();
+        last += _extraRootChildNodes.size();
+    }
+    beginRemoveRows(treeNodeToIndex(parent), first, last);
+}
+
+void TreeNodeModel::nodesInserted()
+{
+    if (_rootNode)
+        endInsertRows();
+}
+
+void TreeNodeModel::nodesRemoved()
+{
+    if (!_rootNode)
+        return;
+    // Removed nodes may be deleted and their addresses reused; forget what we knew of them.
+    _rowHints.clear();
+    endRemoveRows();
+}
+
+void TreeNodeModel::nodeDataChanged(TreeNode *node)
+{
+    if (!_rootNode)
+        return;
+    const QModelIndex first = treeNodeToIndex(node);
+    if (!first.isValid())
+        return;
+    emit dataChanged(first, first.sibling(first.row(), columnCount() - 1), {});
+}
+
+void TreeNodeModel::nodeChildsDataChanged(TreeNode *node)
+{
+    if (!_rootNode)
+        return;
+    const int rows
+        = node->childNodesCount() + (node == _rootNode ? _extraRootChildNodes.size() : 0);
+    if (rows == 0)
+        return;
+    const QModelIndex nodeIndex = treeNodeToIndex(node);
+    emit dataChanged(index(0, 0, nodeIndex), index(rows - 1, columnCount() - 1, nodeIndex), {});
+}
+
+void TreeNodeModel::connectVertexNode(TreeNode *node)
+{
+    connect(node, &TreeNode::nodesAboutToBeInserted, this, &TreeNodeModel::nodesAboutToBeInserted);
+    connect(node, &TreeNode::nodesAboutToBeRemoved, this, &TreeNodeModel::nodesAboutToBeRemoved);
+    connect(node, &TreeNode::nodesInserted, this, &TreeNodeModel::nodesInserted);
+    connect(node, &TreeNode::nodesRemoved, this, &TreeNodeModel::nodesRemoved);
+    connect(node, &TreeNode::nodeDataChanged, this, &TreeNodeModel::nodeDataChanged);
+    connect(node, &TreeNode::nodeChildsDataChanged, this, &TreeNodeModel::nodeChildsDataChanged);
+}
+
+void TreeNodeModel::disconnectVertexNode(TreeNode *node)
+{
+    disconnect(node, &TreeNode::nodesAboutToBeInserted, this,
+               &TreeNodeModel::nodesAboutToBeInserted);
+    disconnect(node, &TreeNode::nodesAboutToBeRemoved, this, &TreeNodeModel::nodesAboutToBeRemoved);
+    disconnect(node, &TreeNode::nodesInserted, this, &TreeNodeModel::nodesInserted);
+    disconnect(node, &TreeNode::nodesRemoved, this, &TreeNodeModel::nodesRemoved);
+    disconnect(node, &TreeNode::nodeDataChanged, this, &TreeNodeModel::nodeDataChanged);
+    disconnect(node, &TreeNode::nodeChildsDataChanged, this, &TreeNodeModel::nodeChildsDataChanged);
+}
