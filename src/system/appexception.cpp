@@ -1,0 +1,18 @@
+#include "system/appexception.h"
+
+AppException::AppException(const QString &text)
+    : _text(text)
+    , _localText(text.toLocal8Bit())
+{ }
+
+AppException::~AppException() = default;
+
+const QString &AppException::getText() const
+{
+    return _text;
+}
+
+const char *AppException::what() const noexcept
+{
+    return _localText.constData();
+}

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "ovtcommon_export.h"
+
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+/**
+ * One PostgreSQL cluster as the distribution's cluster tools list it.
+ *
+ * Clusters come from fromString() (one line of "pg_lsclusters --no-header") and, through
+ * PgsqlManager, from the whole listing. The operations run the cluster tools and psql as the
+ * database superuser, block for up to 30 seconds each and throw AppException on failure.
+ */
+class OVTCOMMON_EXPORT PgsqlCluster : public QObject
+{
+    Q_OBJECT
+
+public:
+    ~PgsqlCluster() override;
+
+    /**
+     * Parses one listing line "version name port status owner data-directory log-file". The
+     * fields are matched greedily against the whole line, not split at blanks. Throws
+     * AppException ("Cluster info not valid '...'") when the line does not fit. The caller owns
+     * the new cluster, which has no parent.
+     */
+    static PgsqlCluster *fromString(const QString &line);
+
+    QString version() const { return _version; }
+    QString name() const { return _name; }
+    int port() const { return _port; }
+    QString status() const { return _status; }
+    QString owner() const { return _owner; }
+    QString dataDirectory() const { return _dataDirectory; }
+    QString logFile() const { return _logFile; }
+
+    /** True when "pg_ctlcluster <version> <name> status" reports the cluster running. */
+    bool isWork() const;
+
+    /** Starts the cluster with pg_ctlcluster; throws AppException when that fails. */
+    void start() const;
+
+    /**
+     * Runs @p sql through psql on this cluster's port as the "postgres" user (via su) with
+     * untranslated psql messages, and returns psql's output. The SQL goes between double
+     * quotes of a shell command unescaped: pass only trusted text.
+     */
+    QString sqlRequest(const QString &sql) const;
+
+    /** The database user names, in psql's order. */
+    QStringList usernames() const;
+
+    /** Creates the user @p name unless it exists; @p name must be a plain identifier. */
+    void createUser(const QString &name) const;
+
+    /** Drops the user @p name if it exists; @p name must be a plain identifier. */
+    void deleteUser(const QString &name) const;
+
+private:
+    PgsqlCluster();
+
+    QString _version;
+    QString _name;
+    int _port = 0;
+    QString _status;
+    QString _owner;
+    QString _dataDirectory;
+    QString _logFile;
+};

@@ -1,0 +1,46 @@
+#include "system/process.h"
+
+#include "system/appexception.h"
+
+namespace {
+
+constexpr int processTimeoutMs = 30000;
+
+} // namespace
+
+Process::Process(QObject *parent)
+    : QProcess(parent)
+{ }
+
+Process &Process::simpleStart(const QString &program, const QStringList &arguments,
+                              bool checkExitCode)
+{
+    start(program, arguments, QIODevice::ReadOnly);
+
+    QString command = program;
+    if (!arguments.isEmpty())
+        command += QLatin1Char(' ') + arguments.join(QLatin1Char(' '));
+
+    // A program that never started also ends up here: waitForFinished() fails at once, and
+    // callers have always been shown one message for both cases.
+    if (!waitForFinished(processTimeoutMs) || exitStatus() != QProcess::NormalExit)
+        throw AppException(tr("Process '%1' not finished").arg(command));
+
+    if (checkExitCode && exitCode() != 0) {
+        QString message = tr("Process '%1' execute with error code '%2'")
+                              .arg(command, QString::number(exitCode()));
+        const QString errorText = QString::fromLocal8Bit(readAllStandardError());
+        if (!errorText.isEmpty())
+            message += QStringLiteral(". %1").arg(errorText);
+        throw AppException(message);
+    }
+    return *this;
+}
+
+QString Process::output()
+{
+    const QByteArray bytes = readAllStandardOutput();
+    if (bytes.isEmpty())
+        return QString();
+    return QString::fromLocal8Bit(bytes);
+}
