@@ -38,10 +38,10 @@ QModelIndex PluginModel::ObjectToIndex(QObject *object) const
     const QList<PluginContainer::PluginEntry> &plugins = _pluginContainer->plugins();
     for (int row = 0; row < plugins.size(); ++row) {
         Plugin *plugin = plugins.at(row).second;
+        if (plugin == object || plugins.at(row).first == object)
+            return createIndex(row, 0, nullptr);
         if (!plugin)
             continue;
-        if (plugin == object)
-            return createIndex(row, 0, nullptr);
         const int moduleRow = plugin->modules().indexOf(static_cast<TreeNode *>(object));
         if (moduleRow >= 0 && qobject_cast<TreeNode *>(object))
             return createIndex(moduleRow, 0, plugin);
@@ -55,7 +55,9 @@ QObject *PluginModel::indexToObject(const QModelIndex &index) const
         return nullptr;
     if (Plugin *plugin = toPlugin(index.internalPointer()))
         return plugin->modules().value(index.row(), nullptr);
-    return _pluginContainer->plugins().value(index.row()).second;
+    const PluginContainer::PluginEntry entry = _pluginContainer->plugins().value(index.row());
+    // A file without a plug-in is still a row: its loader stands for it.
+    return entry.second ? static_cast<QObject *>(entry.second) : entry.first;
 }
 
 QModelIndex PluginModel::index(int row, int column, const QModelIndex &parent) const

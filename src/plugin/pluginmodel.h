@@ -22,9 +22,9 @@ public:
     PluginModel(PluginContainer *pluginContainer, QObject *parent = nullptr);
     ~PluginModel() override;
 
-    /** The row of a plug-in record or of a module, column 0; invalid for anything else. */
+    /** The row of a plug-in record, a loader or a module, column 0; invalid for anything else. */
     QModelIndex ObjectToIndex(QObject *object) const;
-    /** The plug-in record or module of @p index; null for a file without a plug-in. */
+    /** The plug-in record or module of @p index; the loader for a file without a plug-in. */
     QObject *indexToObject(const QModelIndex &index) const;
 
     QModelIndex index(int row, int column,
