@@ -1,0 +1,31 @@
+#include "elementroottreenode.h"
+
+#include "element/elementtreenotify_p.h"
+
+ElementRootTreeNode::ElementRootTreeNode(QObject *parent)
+    : TreeNode(0, QString(), parent)
+{ }
+
+void ElementRootTreeNode::insert(int pos, const QList<TreeNode *> &nodes)
+{
+    TreeNode::insert(pos, nodes);
+    ElementTreeNotify::notify(nodes, InsertedOperation);
+}
+
+void ElementRootTreeNode::removeAt(int pos, int count)
+{
+    ElementTreeNotify::removeAt(this, pos, count,
+                                [this](int p, int c) { TreeNode::removeAt(p, c); });
+}
+
+int ElementRootTreeNode::columnCount() const
+{
+    return 1;
+}
+
+QVariant ElementRootTreeNode::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (section == 0 && orientation == Qt::Horizontal && role == Qt::DisplayRole)
+        return tr("Name");
+    return QVariant();
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "element/element.h"
+#include "plugin/module.h"
+
+#include <algorithm>
+
+namespace ElementTreeNotify {
+
+// Elements and element roots share these bodies: insertion and removal are the only moments
+// at which a module hears about its elements entering or leaving a tree.
+inline void notify(const QList<TreeNode *> &nodes, OperationType operation)
+{
+    for (TreeNode *node : nodes) {
+        if (auto *element = qobject_cast<Element *>(node))
+            element->module().performOperation(element, operation, nullptr, 0);
+    }
+}
+
+// The range is clamped here rather than left to TreeNode::removeAt, since the removed nodes
+// must be known before they are gone.
+template<typename Remove> void removeAt(TreeNode *parent, int pos, int count, Remove remove)
+{
+    const int total = parent->childNodesCount();
+    if (total == 0 || pos < 0 || pos >= total || count < 1)
+        return;
+    count = std::min(count, total - pos);
+    const QList<TreeNode *> removed = parent->childNodes().mid(pos, count);
+    remove(pos, count);
+    notify(removed, RemovedOperation);
+}
+
+} // namespace ElementTreeNotify

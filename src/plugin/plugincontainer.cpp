@@ -1,0 +1,175 @@
+#include "plugincontainer.h"
+
+#include "plugin/module.h"
+#include "plugin/moduleroottreenode.h"
+#include "plugin/plugin.h"
+#include "plugin/plugindialog.h"
+#include "plugin/pluginmodel.h"
+#include "plugin/simpleplugin.h"
+#include "treenode/treenodemodel.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QDirIterator>
+#include <QJsonObject>
+#include <QMessageBox>
+#include <QPluginLoader>
+
+PluginContainer::PluginContainer(QObject *parent)
+    : NodeContainer(parent)
+    , _availableOperationsClass(0)
+    , _parentWidget(qobject_cast<QWidget *>(parent))
+    , _pluginModel(nullptr)
+    , _pluginDialog(nullptr)
+{
+    // The order matters: the dialog shows both models, and the plug-in model must be
+    // connected to the reset signals before anybody else loads.
+    _pluginModel = new PluginModel(this, this);
+    auto *root = new ModuleRootTreeNode(this);
+    _rootNode = root;
+    connect(root, &TreeNode::setCurrentNode, this, &NodeContainer::setCurrentNode);
+    _treeNodeModel = new TreeNodeModel(root, this);
+    _pluginDialog = new PluginDialog(this, _parentWidget);
+}
+
+PluginContainer::~PluginContainer()
+{
+    unloadPlugins();
+    if (!_parentWidget)
+        delete _pluginDialog;
+}
+
+void PluginContainer::loadPlugins(const QString &path)
+{
+    emit nodeContainerAboutToBeReset();
+    unloadPlugins();
+    _pluginPath = path;
+
+    if (!QDir(path).exists()) {
+        // The caller set a wait cursor for the load; the message must not show it.
+        QApplication::restoreOverrideCursor();
+        QMessageBox::critical(_parentWidget, QString(),
+                              tr("Plugin directory '%1' not exist.").arg(path), QMessageBox::Ok);
+        return;
+    }
+
+    const QString iid = QStringLiteral(OVT_PLUGIN_IID);
+    QDirIterator it(path, QStringList {QStringLiteral("*.so")}, QDir::Files,
+                    QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        const QString filePath = QFileInfo(it.next()).absoluteFilePath();
+        QCoreApplication::processEvents();
+
+        auto *loader = new QPluginLoader(filePath, this);
+        loader->setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
+        _plugins.append(PluginEntry(loader, nullptr));
+        PluginEntry &entry = _plugins.last();
+
+        // Checked before loading, so that foreign libraries never run any code here.
+        if (loader->metaData().value(QStringLiteral("IID")).toString() != iid)
+            continue;
+        if (!loader->load())
+            continue;
+        Plugin *plugin = qobject_cast<Plugin *>(loader->instance());
+        if (!plugin) {
+            loader->unload();
+            continue;
+        }
+
+        if (!plugin->isValid()) {
+            auto *record = new SimplePlugin(plugin->name(), plugin->description());
+            QString error = tr("Failed to load plugin.");
+            const QStringList packages = plugin->requiredPackageNames();
+            if (!packages.isEmpty())
+                error += QLatin1Char(' ')
+                    + tr("The error can be caused by missing package(s): %1.")
+                          .arg(packages.join(QStringLiteral(", ")));
+            record->setErrorDescription(error);
+            record->setAvailable(false);
+            entry.second = record;
+            plugin->setParent(loader);
+            loader->unload();
+            continue;
+        }
+
+        if (plugin->modules().isEmpty()) {
+            entry.second = new SimplePlugin(plugin->name(), plugin->description());
+            loader->unload();
+            continue;
+        }
+
+        entry.second = plugin;
+        plugin->setParent(loader);
+        const QList<TreeNode *> pluginModules = plugin->modules();
+        for (TreeNode *node : pluginModules) {
+            QCoreApplication::processEvents();
+            auto *module = qobject_cast<Module *>(node);
+            if (!module)
+                continue;
+            connect(module, &Module::contentElementWidgetChanged, this,
+                    &PluginContainer::contentElementWidgetChanged);
+            connect(module, &Module::customContextMenuRequested, this,
+                    &PluginContainer::customContextMenuRequested);
+            _modules.append(module);
+        }
+        _availableOperationsClass |= plugin->availableOperationsClass();
+    }
+
+    QList<TreeNode *> nodes;
+    nodes.reserve(_modules.size());
+    for (Module *module : qAsConst(_modules))
+        nodes.append(module);
+    _rootNode->loadTreeFromList(nodes);
+    emit nodeContainerReset(_rootNode);
+}
+
+void PluginContainer::unloadPlugins()
+{
+    emit nodeContainerAboutToBeReset();
+    _availableOperationsClass = 0;
+    _pluginPath.clear();
+    _modules.clear();
+    _rootNode->clear();
+
+    for (const PluginEntry &entry : qAsConst(_plugins)) {
+        if (entry.second) {
+            if (!entry.second->modules().isEmpty())
+                entry.first->unload();
+            else
+                delete entry.second;
+        }
+        delete entry.first;
+    }
+    _plugins.clear();
+    emit nodeContainerReset(_rootNode);
+}
+
+quint64 PluginContainer::availableOperationsClass() const
+{
+    return _availableOperationsClass;
+}
+
+QString PluginContainer::pluginPath() const
+{
+    return _pluginPath;
+}
+
+const QList<PluginContainer::PluginEntry> &PluginContainer::plugins() const
+{
+    return _plugins;
+}
+
+const QList<Module *> &PluginContainer::modules() const
+{
+    return _modules;
+}
+
+PluginModel *PluginContainer::pluginModel() const
+{
+    return _pluginModel;
+}
+
+void PluginContainer::showPluginDialog() const
+{
+    _pluginDialog->show();
+}

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "plugin/nodecontainer.h"
+
+#include <QList>
+#include <QPair>
+#include <QPoint>
+#include <QString>
+
+class QPluginLoader;
+class QWidget;
+class Module;
+class Plugin;
+class PluginDialog;
+class PluginModel;
+
+/**
+ * Loads the plug-ins of one directory and hangs all their modules under one
+ * ModuleRootTreeNode, published through treeNodeModel().
+ *
+ * Every "*.so" file tried keeps a record in plugins(), in the order the directory iterator
+ * delivered it: the live plug-in, a SimplePlugin record (a plug-in without modules, or one
+ * that failed its validity check, with the reason), or null (no plug-in of this interface, or
+ * a library that did not load). Loading re-enters the event loop once per file and per module.
+ */
+class OVTCOMMON_EXPORT PluginContainer : public NodeContainer
+{
+    Q_OBJECT
+
+public:
+    using PluginEntry = QPair<QPluginLoader *, Plugin *>;
+
+    /** A widget @p parent also parents the message boxes and the plug-in dialog. */
+    explicit PluginContainer(QObject *parent = nullptr);
+    /** Unloads every plug-in, and with them their modules and elements. */
+    ~PluginContainer() override;
+
+    /**
+     * Unloads what is loaded, then loads every plug-in found under @p path, subdirectories
+     * included. A missing directory is reported in a critical message box and loads nothing.
+     * Listeners see nodeContainerAboutToBeReset() twice and nodeContainerReset() once before
+     * anything is loaded, then one final nodeContainerReset() unless the directory is missing.
+     */
+    void loadPlugins(const QString &path);
+    /** Unloads every plug-in and empties the module tree (modules detached, not deleted). */
+    void unloadPlugins();
+
+    /** The OR of the valid plug-ins' operation classes; 0 when nothing is loaded. */
+    quint64 availableOperationsClass() const;
+    QString pluginPath() const;
+    const QList<PluginEntry> &plugins() const;
+    const QList<Module *> &modules() const;
+    PluginModel *pluginModel() const;
+
+public Q_SLOTS:
+    /** Shows the plug-in dialog without blocking. */
+    void showPluginDialog() const;
+
+Q_SIGNALS:
+    void contentElementWidgetChanged(int state);
+    void customContextMenuRequested(const QPoint &pos);
+
+private:
+    quint64 _availableOperationsClass;
+    QWidget *_parentWidget; // not owned
+    QString _pluginPath;
+    QList<PluginEntry> _plugins; // loaders owned; records owned when they have no modules
+    QList<Module *> _modules; // owned by their plug-ins
+    PluginModel *_pluginModel; // child
+    PluginDialog *_pluginDialog; // owned by the parent widget if any, else by the container
+};

@@ -1,0 +1,66 @@
+#include "elementwidget.h"
+
+#include "element/element.h"
+
+#include <QShowEvent>
+
+ElementWidget::ElementWidget(Module &module, bool (*isEditable)(const Module &), QWidget *parent)
+    : QWidget(parent)
+    , ContextOperation(ElementWidgetContext, module, isEditable)
+    , _supplementElementWidgetType(undefinedElementType)
+    , _priority(500)
+    , _element(nullptr)
+    , _role(NoneRole)
+{ }
+
+ElementWidget::~ElementWidget() = default;
+
+OperationType ElementWidget::availableOperations() const
+{
+    return NoOperation;
+}
+
+void ElementWidget::performOperation(OperationType, ElementData *, int) { }
+
+void ElementWidget::setAlternativeExpected(int) { }
+
+void ElementWidget::setElement(Element *element, ElementWidgetRole role)
+{
+    _element = element;
+    _role = role;
+}
+
+void ElementWidget::read() { }
+
+QString ElementWidget::caption() const
+{
+    return _element ? _element->caption() : QString();
+}
+
+Element *ElementWidget::element() const
+{
+    return _element;
+}
+
+ElementWidgetRole ElementWidget::role() const
+{
+    return _role;
+}
+
+QString ElementWidget::supplementElementWidgetType() const
+{
+    return _supplementElementWidgetType;
+}
+
+bool ElementWidget::priorityLessThen(const ElementWidget *a, const ElementWidget *b)
+{
+    return a->_priority < b->_priority;
+}
+
+void ElementWidget::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    // A spontaneous show (the window system un-minimising) must not start a read task.
+    if (!event->spontaneous())
+        read();
+}

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "widgets/elementwidget.h"
+
+class TreeNode;
+
+/**
+ * Base of the forms that show, edit and create one element.
+ *
+ * The form reports its state with contentChanged(): 0 unchanged, 2 changed but not valid,
+ * 3 changed and valid. A form in CreateRole starts changed and not valid.
+ */
+class OVTCOMMON_EXPORT ViewEditElementWidget : public ElementWidget
+{
+    Q_OBJECT
+
+public:
+    ViewEditElementWidget(Module &module, bool (*isEditable)(const Module &),
+                          QWidget *parent = nullptr);
+    ~ViewEditElementWidget() override;
+
+    /** CreateOperation only. */
+    OperationType availableOperations() const override;
+    /** CreateOperation goes to the module with this form as context and exportElementData(). */
+    void performOperation(OperationType operation, ElementData *data, int alternative) override;
+    /** Rebinds and resets the form; nothing happens for the current element and role. */
+    void setElement(Element *element, ElementWidgetRole role) override;
+    /** In ViewEditRole, asks the element to read its properties when it offers that. */
+    void read() override;
+
+    /** Called after a successful update task; does nothing here. */
+    virtual void afterSuccessfulUpdate();
+    /** A new record describing the form's content (caller owns it); null here. */
+    virtual ElementData *exportElementData() const;
+    /** Unblocks the form; marks it unchanged when @p element is still the one shown. */
+    virtual void afterSuccessfulRead(Element *element, ElementData *data);
+    /** Imported data counts as an unsaved edit. */
+    virtual void afterSuccessfulImport(ElementData *data);
+    /** Called after a successful create task; calls afterSuccessfulUpdate() here. */
+    virtual void afterSuccessfulCreate();
+    /** Creates (without element) or updates (with element) from the form's content. */
+    virtual void applyContentChanges();
+    /** Whether the form's content may be applied; true here. */
+    virtual bool isContentValid() const;
+    /** Clears the changed state and blocks editing until data arrives. */
+    virtual void reset();
+    /** Whether the content may be used to create an element; isContentValid() here. */
+    virtual bool isCreateContentValid() const;
+    /** Disables or enables the form; a non-editable module keeps it disabled in ViewEditRole. */
+    virtual void blockEditWidget(bool block);
+
+    /** If changed or in CreateRole: clears the changed state and emits contentChanged(0). */
+    void setUnchanged();
+    bool isChanged() const;
+    /**
+     * Activates another element from inside the form, asking first when edits are not saved.
+     */
+    void setTreeNodeCurrent(TreeNode *node);
+    /** Tells the user that the element cannot be activated. */
+    void noSetTreeNodeCurrent();
+    /** Hook before a create task runs; does nothing here. */
+    void beforeCreation();
+    /** Hook to link elements outside the form; does nothing here. */
+    void linkExternalElements();
+
+public Q_SLOTS:
+    /** Called by the form's editors: marks the form changed and reports validity. */
+    void changeContent();
+
+Q_SIGNALS:
+    void contentChanged(int state);
+
+protected:
+    bool _changed;
+    bool _editBlocked;
+};
