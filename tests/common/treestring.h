@@ -21,6 +21,7 @@ class TestNode : public TreeNode
     Q_OBJECT
 
 public:
+    /** A node of expected depth -1, so nodes loaded below it by loadTreeFromList() use 0. */
     explicit TestNode(const QString &name, QObject *owner = nullptr);
     /** A node for loadTreeFromList(): its place is given, its id is @p name. */
     TestNode(int expectedDepth, const QString &expectedParentId, const QString &name,
