@@ -1,0 +1,27 @@
+#pragma once
+
+#include "treenode/filtertreenodesortfilterproxymodel.h"
+
+/**
+ * Shows only the ticked, or only the unticked, rows of a ChoiceTreeNodeProxyModel that also
+ * pass the special-flags filter 0x1 and the proxy's filterRegExp().
+ *
+ * Under Qt::CheckStateRole a row counts as ticked only when it reads Qt::Checked, which a
+ * choice model never reports, so every row then counts as unticked.
+ */
+class OVTCOMMON_EXPORT ChoiceFilterTreeNodeSortFilterProxyModel
+    : public FilterTreeNodeSortFilterProxyModel
+{
+    Q_OBJECT
+
+public:
+    /** Shows the ticked rows when @p showChecked is true, else the unticked ones. */
+    explicit ChoiceFilterTreeNodeSortFilterProxyModel(bool showChecked, QObject *parent = nullptr);
+
+    bool showChecked() const;
+
+protected:
+    bool filterAcceptsRow(int sourceRow, const QModelIndex &sourceParent) const override;
+
+    bool _showChecked;
+};
