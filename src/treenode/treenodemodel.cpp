@@ -121,7 +121,7 @@ QModelIndex TreeNodeModel::treeNodeToIndex(TreeNode *node) const
     TreeNode *ancestor = node->parentNode();
     while (ancestor && ancestor != _rootNode)
         ancestor = ancestor->parentNode();
-    if (!ancestor)
+    if (!ancestor && !isBelowExtraNode(node))
         return QModelIndex();
 
     TreeNode *parentNode = node->parentNode();
@@ -131,6 +131,20 @@ QModelIndex TreeNodeModel::treeNodeToIndex(TreeNode *node) const
     if (parentNode == _rootNode)
         row += _extraRootChildNodes.size();
     return createIndex(row, 0, parentNode);
+}
+
+bool TreeNodeModel::isBelowExtraNode(TreeNode *node) const
+{
+    // Extra nodes have no parent, yet their subtrees are rows of this model: without this a
+    // row below an extra node would have no parent index and its changes would be announced
+    // at the top level.
+    if (_extraRootChildNodes.isEmpty())
+        return false;
+    for (TreeNode *ancestor = node->parentNode(); ancestor; ancestor = ancestor->parentNode()) {
+        if (_extraRootChildNodes.contains(ancestor))
+            return true;
+    }
+    return false;
 }
 
 QModelIndex TreeNodeModel::index(int row, int column, const QModelIndex &parent) const

@@ -71,6 +71,7 @@ private:
     void connectVertexNode(TreeNode *node);
     void disconnectVertexNode(TreeNode *node);
     int rowOf(TreeNode *node, TreeNode *parent) const;
+    bool isBelowExtraNode(TreeNode *node) const;
 
     TreeNode *_rootNode; // not owned
     QList<TreeNode *> _extraRootChildNodes; // owned only through deleteExtraRootChildNodes()

@@ -1,0 +1,95 @@
+#include "treenodesortfilterproxymodel.h"
+
+#include "treenode/treenode.h"
+#include "treenode/treenodemodelextension_p.h"
+
+TreeNodeSortFilterProxyModel::TreeNodeSortFilterProxyModel(int specialFlagsFilter, QObject *parent)
+    : TreeNodeSortFilterProxyModel(QSet<int>(), specialFlagsFilter, parent)
+{ }
+
+TreeNodeSortFilterProxyModel::TreeNodeSortFilterProxyModel(const QSet<int> &acceptColumns,
+                                                           int specialFlagsFilter, QObject *parent)
+    : QSortFilterProxyModel(parent)
+    , _specialFlagsFilter(specialFlagsFilter)
+    , _acceptColumns(acceptColumns)
+{ }
+
+int TreeNodeSortFilterProxyModel::specialFlagsFilter() const
+{
+    return _specialFlagsFilter;
+}
+
+QSet<int> TreeNodeSortFilterProxyModel::acceptColumns() const
+{
+    return _acceptColumns;
+}
+
+void TreeNodeSortFilterProxyModel::setAcceptColumns(const QSet<int> &acceptColumns)
+{
+    // A reset even for an equal set: callers use it to have views re-read their columns.
+    beginResetModel();
+    _acceptColumns = acceptColumns;
+    endResetModel();
+}
+
+const TreeNodeModelExtension *TreeNodeSortFilterProxyModel::sourceExtension() const
+{
+    // Looked up on every call: the source may be replaced or destroyed behind our back.
+    return dynamic_cast<const TreeNodeModelExtension *>(sourceModel());
+}
+
+TreeNode *TreeNodeSortFilterProxyModel::rootNode() const
+{
+    const TreeNodeModelExtension *extension = sourceExtension();
+    return extension ? extension->rootNode() : nullptr;
+}
+
+TreeNode *TreeNodeSortFilterProxyModel::toTreeNode(const QModelIndex &index) const
+{
+    const TreeNodeModelExtension *extension = sourceExtension();
+    if (!extension)
+        return nullptr;
+    if (index.isValid() && index.model() != this)
+        return nullptr;
+    return extension->toTreeNode(mapToSource(index.sibling(index.row(), 0)));
+}
+
+QList<TreeNode *> TreeNodeSortFilterProxyModel::toTreeNode(const QItemSelectionRange &range) const
+{
+    return OvtCommonPrivate::nodesOfRange(this, this, range);
+}
+
+QList<TreeNode *> TreeNodeSortFilterProxyModel::toTreeNode(const QItemSelection &selection) const
+{
+    return OvtCommonPrivate::nodesOfSelection(this, this, selection);
+}
+
+QModelIndex TreeNodeSortFilterProxyModel::treeNodeToIndex(TreeNode *node) const
+{
+    const TreeNodeModelExtension *extension = sourceExtension();
+    if (!node || !extension)
+        return QModelIndex();
+    return mapFromSource(extension->treeNodeToIndex(node));
+}
+
+bool TreeNodeSortFilterProxyModel::filterAcceptsColumn(int sourceColumn, const QModelIndex &) const
+{
+    return _acceptColumns.isEmpty() || _acceptColumns.contains(sourceColumn);
+}
+
+bool TreeNodeSortFilterProxyModel::filterAcceptsRow(int sourceRow,
+                                                    const QModelIndex &sourceParent) const
+{
+    const TreeNodeModelExtension *extension = sourceExtension();
+    if (!extension)
+        return true;
+    const TreeNode *node = extension->toTreeNode(sourceModel()->index(sourceRow, 0, sourceParent));
+    if (!node)
+        return true;
+    const int flags = node->treeNodeSpecialFlags();
+    if ((_specialFlagsFilter & 0x1) && (flags & 0x1))
+        return false;
+    if (_specialFlagsFilter & 0x2)
+        return flags & 0x2;
+    return true;
+}

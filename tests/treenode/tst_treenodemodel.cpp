@@ -1,0 +1,467 @@
+#include "signalrecorder.h"
+#include "treenode/treenode.h"
+#include "treenode/treenodemodel.h"
+#include "treestring.h"
+
+#include <QAbstractItemModelTester>
+#include <QPointer>
+#include <QStringListModel>
+#include <QtTest>
+
+#include <memory>
+
+using namespace OvtTest;
+
+class TstTreeNodeModel : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void structure_data();
+    void structure();
+    void insertRows_data();
+    void insertRows();
+    void removeRows_data();
+    void removeRows();
+    void deletedNodeLosesItsRow();
+    void dataChanges_data();
+    void dataChanges();
+    void nodeIndexRoundTrip();
+    void foreignNodesAndIndexes();
+    void selectionsGiveEachNodeOnce();
+    void resetPairSwallowsReload();
+    void rootAndExtraChanges();
+    void emptyModelWithoutRoot();
+    void noExpanderFlagHidesChildren();
+    void childrenOfAnyColumn();
+
+private:
+    TreeNode *find(const QString &id) const;
+    void setUpTree(const QString &tree, const QString &extras = QString());
+
+    std::unique_ptr<QObject> _owner;
+    TestNode *_root = nullptr;
+    TreeNodeModel *_model = nullptr;
+    ModelSignalRecorder *_recorder = nullptr;
+};
+
+void TstTreeNodeModel::init()
+{
+    _owner = std::make_unique<QObject>();
+    _root = new TestNode(QStringLiteral("root"), _owner.get());
+    _model = new TreeNodeModel(_root, _owner.get());
+    new QAbstractItemModelTester(_model, QAbstractItemModelTester::FailureReportingMode::Fatal,
+                                 _model);
+    _recorder = new ModelSignalRecorder(_model, _model);
+}
+
+void TstTreeNodeModel::cleanup()
+{
+    // The model goes first: the tree's teardown signals must not reach it.
+    delete _model;
+    _model = nullptr;
+    _owner.reset();
+}
+
+TreeNode *TstTreeNodeModel::find(const QString &id) const
+{
+    if (id == QLatin1String("root"))
+        return _root;
+    QList<TreeNode *> nodes = _model->extraRootChildNodes();
+    for (TreeNode *extra : _model->extraRootChildNodes())
+        nodes += extra->allChildNodes();
+    nodes += _root->allChildNodes();
+    for (TreeNode *node : qAsConst(nodes)) {
+        if (node->id() == id)
+            return node;
+    }
+    return nullptr;
+}
+
+void TstTreeNodeModel::setUpTree(const QString &tree, const QString &extras)
+{
+    _root->append(buildNodes(tree, _owner.get()));
+    if (!extras.isEmpty())
+        _model->setExtraRootChildNodes(buildNodes(extras, _owner.get()));
+    _recorder->clear();
+}
+
+void TstTreeNodeModel::structure_data()
+{
+    QTest::addColumn<QString>("tree");
+    QTest::addColumn<QString>("extras");
+    QTest::addColumn<QString>("expected");
+
+    QTest::newRow("empty root") << ""
+                                << ""
+                                << "[]";
+    QTest::newRow("nested tree") << "a[a1[a11] a2] b"
+                                 << ""
+                                 << "[a[a1[a11] a2] b]";
+    QTest::newRow("extra nodes come first") << "a b c"
+                                            << "x y[y1]"
+                                            << "[x y[y1] a b c]";
+    QTest::newRow("extra nodes only") << ""
+                                      << "x"
+                                      << "[x]";
+}
+
+void TstTreeNodeModel::structure()
+{
+    QFETCH(QString, tree);
+    QFETCH(QString, extras);
+    QFETCH(QString, expected);
+
+    setUpTree(tree, extras);
+    QCOMPARE(modelToString(_model), expected);
+}
+
+void TstTreeNodeModel::insertRows_data()
+{
+    QTest::addColumn<QString>("tree");
+    QTest::addColumn<QString>("extras");
+    QTest::addColumn<QString>("parent");
+    QTest::addColumn<int>("pos");
+    QTest::addColumn<QString>("nodes");
+    QTest::addColumn<QString>("expected");
+    QTest::addColumn<QStringList>("expectedSignals");
+
+    QTest::newRow("insert at the front")
+        << "a b"
+        << ""
+        << "root" << 0 << "x y"
+        << "[x y a b]" << QStringList {"aboutToBeInserted(root,0,1)", "inserted(root,0,1)"};
+    QTest::newRow("insert in the middle")
+        << "a b c"
+        << ""
+        << "root" << 1 << "x"
+        << "[a x b c]" << QStringList {"aboutToBeInserted(root,1,1)", "inserted(root,1,1)"};
+    QTest::newRow("insert at the end by clamping")
+        << "a b"
+        << ""
+        << "root" << 99 << "x"
+        << "[a b x]" << QStringList {"aboutToBeInserted(root,2,2)", "inserted(root,2,2)"};
+    QTest::newRow("insert at the root's front is shifted past the extra nodes")
+        << "a b c"
+        << "e f"
+        << "root" << 0 << "x"
+        << "[e f x a b c]" << QStringList {"aboutToBeInserted(root,2,2)", "inserted(root,2,2)"};
+    QTest::newRow("insert into a nested node")
+        << "a[a1 a2] b"
+        << ""
+        << "a" << 1 << "x[x1]"
+        << "[a[a1 x[x1] a2] b]" << QStringList {"aboutToBeInserted(a,1,1)", "inserted(a,1,1)"};
+    QTest::newRow("insert below an extra node")
+        << "a"
+        << "e[e1]"
+        << "e1" << 0 << "x"
+        << "[e[e1[x]] a]" << QStringList {"aboutToBeInserted(e1,0,0)", "inserted(e1,0,0)"};
+    QTest::newRow("insert of nothing") << "a"
+                                       << ""
+                                       << "a" << 0 << ""
+                                       << "[a]" << QStringList();
+}
+
+void TstTreeNodeModel::insertRows()
+{
+    QFETCH(QString, tree);
+    QFETCH(QString, extras);
+    QFETCH(QString, parent);
+    QFETCH(int, pos);
+    QFETCH(QString, nodes);
+    QFETCH(QString, expected);
+    QFETCH(QStringList, expectedSignals);
+
+    setUpTree(tree, extras);
+    find(parent)->insert(pos, buildNodes(nodes, _owner.get()));
+    QCOMPARE(modelToString(_model), expected);
+    QCOMPARE(_recorder->recorded(), expectedSignals);
+}
+
+void TstTreeNodeModel::removeRows_data()
+{
+    QTest::addColumn<QString>("tree");
+    QTest::addColumn<QString>("extras");
+    QTest::addColumn<QString>("parent");
+    QTest::addColumn<int>("pos");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<QString>("expected");
+    QTest::addColumn<QStringList>("expectedSignals");
+
+    QTest::newRow("clamped removal at the end")
+        << "a b c d e"
+        << ""
+        << "root" << 2 << 10 << "[a b]"
+        << QStringList {"aboutToBeRemoved(root,2,4)", "removed(root,2,4)"};
+    QTest::newRow("removal at the front with extra nodes is shifted")
+        << "a b"
+        << "e f"
+        << "root" << 0 << 1 << "[e f b]"
+        << QStringList {"aboutToBeRemoved(root,2,2)", "removed(root,2,2)"};
+    QTest::newRow("removal of a subtree")
+        << "a[a1[a11]] b"
+        << ""
+        << "root" << 0 << 1 << "[b]"
+        << QStringList {"aboutToBeRemoved(root,0,0)", "removed(root,0,0)"};
+    QTest::newRow("nested removal") << "a[a1 a2 a3]"
+                                    << ""
+                                    << "a" << 1 << 1 << "[a[a1 a3]]"
+                                    << QStringList {"aboutToBeRemoved(a,1,1)", "removed(a,1,1)"};
+    QTest::newRow("removal below an extra node")
+        << "a"
+        << "e[e1 e2]"
+        << "e" << 0 << 1 << "[e[e2] a]"
+        << QStringList {"aboutToBeRemoved(e,0,0)", "removed(e,0,0)"};
+    QTest::newRow("out-of-range removal is silent") << "a b"
+                                                    << ""
+                                                    << "root" << 2 << 1 << "[a b]" << QStringList();
+}
+
+void TstTreeNodeModel::removeRows()
+{
+    QFETCH(QString, tree);
+    QFETCH(QString, extras);
+    QFETCH(QString, parent);
+    QFETCH(int, pos);
+    QFETCH(int, count);
+    QFETCH(QString, expected);
+    QFETCH(QStringList, expectedSignals);
+
+    setUpTree(tree, extras);
+    find(parent)->removeAt(pos, count);
+    QCOMPARE(modelToString(_model), expected);
+    QCOMPARE(_recorder->recorded(), expectedSignals);
+}
+
+void TstTreeNodeModel::deletedNodeLosesItsRow()
+{
+    setUpTree("a[a1 a2] b");
+    const QPersistentModelIndex b = _model->treeNodeToIndex(find("b"));
+    delete find("a1");
+    QCOMPARE(modelToString(_model), QStringLiteral("[a[a2] b]"));
+    QCOMPARE(_recorder->recorded(), (QStringList {"aboutToBeRemoved(a,0,0)", "removed(a,0,0)"}));
+    // Rows are found again after removals shifted them.
+    delete find("a");
+    QCOMPARE(b.row(), 0);
+    QCOMPARE(_model->toTreeNode(_model->index(0, 0)), find("b"));
+    QCOMPARE(_model->parent(_model->treeNodeToIndex(find("a2"))), QModelIndex());
+}
+
+void TstTreeNodeModel::dataChanges_data()
+{
+    QTest::addColumn<QString>("extras");
+    QTest::addColumn<QString>("node");
+    QTest::addColumn<bool>("children");
+    QTest::addColumn<QStringList>("expected");
+
+    QTest::newRow("node data spans its row")
+        << ""
+        << "a1" << false << QStringList {"dataChanged(a1,0,a1,0)"};
+    QTest::newRow("children's data spans all children")
+        << ""
+        << "a" << true << QStringList {"dataChanged(a1,0,a2,0)"};
+    QTest::newRow("root's children include the extra nodes")
+        << "e"
+        << "root" << true << QStringList {"dataChanged(e,0,b,0)"};
+    QTest::newRow("childless node reports nothing") << ""
+                                                    << "b" << true << QStringList();
+    QTest::newRow("extra node's data") << "e"
+                                       << "e" << false << QStringList {"dataChanged(e,0,e,0)"};
+}
+
+void TstTreeNodeModel::dataChanges()
+{
+    QFETCH(QString, extras);
+    QFETCH(QString, node);
+    QFETCH(bool, children);
+    QFETCH(QStringList, expected);
+
+    setUpTree("a[a1 a2] b", extras);
+    TreeNode *target = find(node);
+    if (children)
+        target->emitNodeChildsDataChanged();
+    else
+        target->emitNodeDataChanged();
+    QCOMPARE(_recorder->recorded(), expected);
+}
+
+void TstTreeNodeModel::nodeIndexRoundTrip()
+{
+    setUpTree("a[a1[a11] a2] b", "e[e1]");
+    QList<TreeNode *> nodes = _root->allChildNodes();
+    nodes += _model->extraRootChildNodes();
+    nodes += _model->extraRootChildNodes().first()->allChildNodes();
+    for (TreeNode *node : qAsConst(nodes)) {
+        const QModelIndex index = _model->treeNodeToIndex(node);
+        QVERIFY2(index.isValid(), qPrintable(node->id()));
+        QCOMPARE(index.column(), 0);
+        QCOMPARE(_model->toTreeNode(index), node);
+        QCOMPARE(_model->toTreeNode(index.sibling(index.row(), 0)), node);
+        QCOMPARE(_model->data(index, Qt::UserRole + 2).toString(), node->id());
+    }
+    QCOMPARE(_model->treeNodeToIndex(find("a")).row(), 1);
+    QCOMPARE(_model->treeNodeToIndex(find("a2")).row(), 1);
+    QCOMPARE(_model->toTreeNode(QModelIndex()), _root);
+    QVERIFY(!_model->treeNodeToIndex(_root).isValid());
+    QVERIFY(!_model->treeNodeToIndex(nullptr).isValid());
+}
+
+void TstTreeNodeModel::foreignNodesAndIndexes()
+{
+    setUpTree("a b");
+    TestNode *other = buildTree("[z[z1]]", _owner.get());
+    QVERIFY(!_model->treeNodeToIndex(other->childNodes().first()).isValid());
+    QVERIFY(!_model->treeNodeToIndex(new TestNode("detached", _owner.get())).isValid());
+
+    QStringListModel strings({"one", "two"});
+    QCOMPARE(_model->toTreeNode(strings.index(0, 0)), nullptr);
+    QVERIFY(!_model->parent(strings.index(1, 0)).isValid());
+    QItemSelection foreign(strings.index(0, 0), strings.index(1, 0));
+    QVERIFY(_model->toTreeNode(foreign).isEmpty());
+}
+
+void TstTreeNodeModel::selectionsGiveEachNodeOnce()
+{
+    setUpTree("a[a1] b c", "e");
+    QItemSelection selection;
+    selection.select(_model->index(1, 0), _model->index(2, 0));
+    selection.select(_model->index(0, 0), _model->index(3, 0));
+    selection.select(_model->index(0, 0, _model->index(1, 0)),
+                     _model->index(0, 0, _model->index(1, 0)));
+
+    QCOMPARE(_model->toTreeNode(selection.first()), (QList<TreeNode *> {find("a"), find("b")}));
+    QCOMPARE(_model->toTreeNode(selection),
+             (QList<TreeNode *> {find("a"), find("b"), find("e"), find("c"), find("a1")}));
+}
+
+void TstTreeNodeModel::resetPairSwallowsReload()
+{
+    // Given a loaded tree, when its owner reloads it between the reset pair,
+    // then views see one reset and no row signals.
+    _root = new TestNode(0, QString(), QStringLiteral("root"), _owner.get());
+    _model->setRootNode(_root);
+    auto load = [this](const QStringList &items) {
+        QList<TreeNode *> nodes;
+        for (const QString &item : items) {
+            const QStringList parts = item.split(QLatin1Char(':'));
+            nodes.append(new TestNode(parts.at(0).toInt(), parts.at(1), parts.at(2), _owner.get()));
+        }
+        _root->loadTreeFromList(nodes);
+    };
+    load({"1:root:a", "2:a:a1"});
+    QCOMPARE(modelToString(_model), QStringLiteral("[a[a1]]"));
+    _recorder->clear();
+
+    _model->nodesAboutToBeReset();
+    load({"2:c:c1", "1:root:c", "1:root:b", "2:b:b1"});
+    _model->nodesReset();
+
+    QCOMPARE(_recorder->recorded(), (QStringList {"aboutToBeReset", "reset"}));
+    QCOMPARE(modelToString(_model), QStringLiteral("[b[b1] c[c1]]"));
+    QVERIFY(!_model->signalsBlocked());
+
+    // Without the pair the same reload is announced row by row.
+    load({"1:root:d"});
+    QCOMPARE(_recorder->recorded().mid(2),
+             (QStringList {"aboutToBeRemoved(root,0,1)", "removed(root,0,1)",
+                           "aboutToBeInserted(root,0,0)", "inserted(root,0,0)"}));
+}
+
+void TstTreeNodeModel::rootAndExtraChanges()
+{
+    setUpTree("a b");
+    _model->setRootNode(_root);
+    QCOMPARE(_recorder->take(), QStringList());
+
+    const QList<TreeNode *> extras = buildNodes("e f", _owner.get());
+    _model->setExtraRootChildNodes(extras);
+    QCOMPARE(_recorder->take(), (QStringList {"aboutToBeReset", "reset"}));
+    _model->setExtraRootChildNodes(_model->extraRootChildNodes());
+    QCOMPARE(_recorder->take(), QStringList());
+    QCOMPARE(modelToString(_model), QStringLiteral("[e f a b]"));
+
+    // Extra nodes are listened to like the root: their subtrees are live rows.
+    extras.first()->append(new TestNode("e1", _owner.get()));
+    QCOMPARE(_recorder->take(), (QStringList {"aboutToBeInserted(e,0,0)", "inserted(e,0,0)"}));
+
+    QPointer<TreeNode> e = extras.first();
+    _model->deleteExtraRootChildNodes();
+    QCOMPARE(_recorder->take(), (QStringList {"aboutToBeReset", "reset"}));
+    QVERIFY(e.isNull());
+    QCOMPARE(modelToString(_model), QStringLiteral("[a b]"));
+    _model->deleteExtraRootChildNodes();
+    QCOMPARE(_recorder->take(), QStringList());
+
+    // The old root is no longer heard after the model moved to another one.
+    TestNode *other = buildTree("[z]", _owner.get());
+    _model->setRootNode(other);
+    QCOMPARE(_recorder->take(), (QStringList {"aboutToBeReset", "reset"}));
+    _root->append(new TestNode("x", _owner.get()));
+    QCOMPARE(_recorder->take(), QStringList());
+    QCOMPARE(modelToString(_model), QStringLiteral("[z]"));
+}
+
+void TstTreeNodeModel::emptyModelWithoutRoot()
+{
+    _model->setRootNode(nullptr);
+    QCOMPARE(_model->rowCount(), 0);
+    QCOMPARE(_model->columnCount(), 0);
+    QVERIFY(!_model->hasChildren());
+    QCOMPARE(_model->toTreeNode(QModelIndex()), nullptr);
+    QCOMPARE(_model->rootNode(), nullptr);
+    _model->nodesAboutToBeReset();
+    _model->nodesReset();
+    QCOMPARE(_recorder->recorded(), (QStringList {"aboutToBeReset", "reset"}));
+    QCOMPARE(_model->flags(QModelIndex()), Qt::NoItemFlags);
+}
+
+void TstTreeNodeModel::noExpanderFlagHidesChildren()
+{
+    // A node with the 0x4 flag claims no children while it has rows, which the model tester
+    // rejects; this model is therefore checked without it.
+    QObject owner;
+    TestNode *root = buildTree("[a#4[a1] b[b1] c]", &owner);
+    TreeNodeModel model(root);
+    const QModelIndex a = model.index(0, 0);
+    QCOMPARE(model.rowCount(a), 1);
+    QVERIFY(!model.hasChildren(a));
+    QVERIFY(model.hasChildren(model.index(1, 0)));
+    QVERIFY(!model.hasChildren(model.index(2, 0)));
+    QVERIFY(model.hasChildren());
+}
+
+void TstTreeNodeModel::childrenOfAnyColumn()
+{
+    // Every column of a row has the row's children, while their parent() is column 0. The
+    // model tester insists that a child's parent is the very index it was reached from, so a
+    // nested multi-column tree is checked here without it, through its column-0 structure.
+    QObject owner;
+    TestNode *root = buildTree("[a|x[a1|y a2|z] b|w]", &owner, 2);
+    TreeNodeModel model(root);
+    QCOMPARE(modelToString(&model), QStringLiteral("[a[a1 a2] b]"));
+    const QModelIndex a = model.index(0, 0);
+    const QModelIndex aValue = model.index(0, 1);
+    QCOMPARE(aValue.data().toString(), QStringLiteral("x"));
+    QCOMPARE(model.rowCount(aValue), 2);
+    QCOMPARE(model.index(1, 1, a).data().toString(), QStringLiteral("z"));
+    QCOMPARE(model.parent(model.index(1, 1, a)), a);
+    QCOMPARE(model.toTreeNode(aValue), root->childNodes().first());
+    QCOMPARE(model.columnCount(aValue), 2);
+    QVERIFY(!model.index(0, 2).isValid());
+    QCOMPARE(model.headerData(1, Qt::Horizontal).toString(), QStringLiteral("column 1"));
+    QCOMPARE(model.flags(a), Qt::ItemIsSelectable | Qt::ItemIsEnabled);
+    QCOMPARE(model.flags(QModelIndex()), Qt::NoItemFlags);
+
+    ModelSignalRecorder recorder(&model);
+    root->childNodes().first()->emitNodeDataChanged();
+    QCOMPARE(recorder.recorded(), QStringList {"dataChanged(a,0,a,1)"});
+    QVERIFY(!model.setData(a, QStringLiteral("new"), Qt::EditRole));
+    QCOMPARE(recorder.recorded().size(), 1);
+}
+
+QTEST_GUILESS_MAIN(TstTreeNodeModel)
+
+#include "tst_treenodemodel.moc"
