@@ -4,6 +4,20 @@
 #include "element/elementtreenotify_p.h"
 #include "plugin/module.h"
 
+#include <QSet>
+
+namespace {
+
+// Elements whose destructor is running. Their subclass part is already gone, so caption() may
+// not be called; yet views read the row while it is being taken out of the tree.
+QSet<const Element *> &dyingElements()
+{
+    static QSet<const Element *> elements;
+    return elements;
+}
+
+} // namespace
+
 Element::Element(Module &module, bool (*isEditable)(const Module &))
     : TreeNode(&module)
     , ContextOperation(ElementContext, module, isEditable)
@@ -16,7 +30,9 @@ Element::Element(Module &module, bool (*isEditable)(const Module &))
 Element::~Element()
 {
     // Out of the tree first, so that nobody reaches the record while it is being deleted.
+    dyingElements().insert(this);
     TreeNode::reset();
+    dyingElements().remove(this);
     delete _elementData;
 }
 
@@ -56,7 +72,7 @@ QVariant Element::data(int column, int role) const
         case Qt::DecorationRole:
             return defaultIcon();
         case Qt::ToolTipRole:
-            return caption();
+            return dyingElements().contains(this) ? _title : caption();
         default:
             break;
         }

@@ -80,8 +80,4 @@ protected:
     bool _requireLoad;
     QString _title;
     int _displayChildrenVariant;
-
-private:
-    // Modules re-arm lazy loading of their containers.
-    friend class Module;
 };

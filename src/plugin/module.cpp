@@ -1,5 +1,6 @@
 #include "module.h"
 
+#include "element/containerelement.h"
 #include "element/contextoperation.h"
 #include "element/element.h"
 #include "element/elementdata.h"
@@ -213,14 +214,11 @@ void Module::connectElementWidgets()
 void Module::resetConteinerElement()
 {
     for (TreeNode *node : qAsConst(_elementNodes)) {
-        // Matched by class name: containers are a kind of element that builds on this class.
-        if (!node || !node->inherits("ContainerElement"))
-            continue;
-        auto *container = qobject_cast<Element *>(node);
+        auto *container = qobject_cast<ContainerElement *>(node);
         if (!container)
             continue;
         container->clearDelete();
-        container->_requireLoad = true;
+        container->resetRequireLoad();
     }
 }
 

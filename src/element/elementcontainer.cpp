@@ -1,0 +1,99 @@
+#include "elementcontainer.h"
+
+#include "element/element.h"
+#include "element/elementmodel.h"
+#include "element/elementroottreenode.h"
+#include "plugin/module.h"
+
+#include <QHash>
+#include <QSet>
+
+namespace {
+
+// loadTreeFromList only empties the root; nodes deeper down still hang under the parents of
+// the previous build and would be listed twice. Each old parent is emptied of the listed nodes
+// in one pass over its children, so a wide container costs linear, not quadratic, time.
+void detachListed(const QList<TreeNode *> &nodes, const TreeNode *root)
+{
+    QSet<TreeNode *> listed;
+    QList<TreeNode *> parents;
+    for (TreeNode *node : nodes) {
+        TreeNode *parent = node->parentNode();
+        if (!parent || parent == root)
+            continue;
+        if (listed.isEmpty())
+            listed.reserve(nodes.size());
+        listed.insert(node);
+        parents.append(parent);
+    }
+    if (listed.isEmpty())
+        return;
+    QSet<TreeNode *> done;
+    for (TreeNode *parent : qAsConst(parents)) {
+        if (done.contains(parent))
+            continue;
+        done.insert(parent);
+        // Back to front, so that positions still to visit stay valid; adjacent listed children
+        // go in one removal.
+        const QList<TreeNode *> children = parent->childNodes();
+        int end = children.size();
+        while (end > 0) {
+            if (!listed.contains(children.at(end - 1))) {
+                --end;
+                continue;
+            }
+            int begin = end - 1;
+            while (begin > 0 && listed.contains(children.at(begin - 1)))
+                --begin;
+            parent->removeAt(begin, end - begin);
+            end = begin;
+        }
+    }
+}
+
+} // namespace
+
+ElementContainer::ElementContainer(QObject *parent)
+    : NodeContainer(parent)
+{
+    auto *root = new ElementRootTreeNode(this);
+    _rootNode = root;
+    connect(root, &TreeNode::setCurrentNode, this, &NodeContainer::setCurrentNode);
+    connect(root, &TreeNode::expandCurrentNode, this, &NodeContainer::expandCurrentNode);
+    _treeNodeModel = new ElementModel(root, this);
+}
+
+ElementContainer::~ElementContainer() = default;
+
+void ElementContainer::pluginContainerReset(const TreeNode *pluginRoot)
+{
+    // Views see one reset, whatever the rebuild does to the tree in between.
+    _treeNodeModel->nodesAboutToBeReset();
+    if (!pluginRoot) {
+        _treeNodeModel->nodesReset();
+        return;
+    }
+
+    QList<TreeNode *> elementNodes;
+    const QList<TreeNode *> descendants = pluginRoot->allChildNodes();
+    for (TreeNode *node : descendants) {
+        auto *module = qobject_cast<Module *>(node);
+        if (!module)
+            continue;
+        for (TreeNode *element : qAsConst(module->elementNodes())) {
+            if (element)
+                elementNodes.append(element);
+        }
+    }
+    detachListed(elementNodes, _rootNode);
+    _rootNode->loadTreeFromList(elementNodes);
+    _treeNodeModel->nodesReset();
+
+    // A copy: a module may change the tree while it reads.
+    const QList<TreeNode *> topLevel = _rootNode->childNodes();
+    for (TreeNode *node : topLevel) {
+        auto *element = qobject_cast<Element *>(node);
+        if (element && (element->availableOperations() & ReadLightOperation))
+            element->performOperation(ReadLightOperation, nullptr, 0);
+    }
+}

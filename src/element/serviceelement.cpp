@@ -1,0 +1,32 @@
+#include "serviceelement.h"
+
+#include "element/servicelightelementdata.h"
+
+ServiceElement::ServiceElement(Module &module, bool (*isEditable)(const Module &))
+    : Element(module, isEditable)
+{
+    setElementData(new ServiceLightElementData);
+}
+
+QVariant ServiceElement::data(int column, int role) const
+{
+    if (column == 0 && role == Qt::DecorationRole) {
+        // An empty state text means the state was never read: no icon claims anything yet.
+        if (auto *service = dynamic_cast<const ServiceLightElementData *>(elementData());
+            service && !service->textState().isEmpty())
+            return service->state() ? startIcon() : stopIcon();
+    }
+    return Element::data(column, role);
+}
+
+QIcon ServiceElement::startIcon()
+{
+    static const QIcon icon = QIcon::fromTheme(QStringLiteral("media-playback-start"));
+    return icon;
+}
+
+QIcon ServiceElement::stopIcon()
+{
+    static const QIcon icon = QIcon::fromTheme(QStringLiteral("media-playback-stop"));
+    return icon;
+}
