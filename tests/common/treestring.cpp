@@ -1,6 +1,7 @@
 #include "treestring.h"
 
 #include <QAbstractItemModel>
+#include <QTest>
 
 namespace OvtTest {
 
@@ -170,6 +171,24 @@ QString treeToString(const TreeNode *root)
         parts.append(child->childNodesCount() ? name + treeToString(child) : name);
     }
     return QLatin1Char('[') + parts.join(QLatin1Char(' ')) + QLatin1Char(']');
+}
+
+void columns(std::initializer_list<const char *> names)
+{
+    for (const char *name : names)
+        QTest::addColumn<QString>(name);
+}
+
+void row(const char *name, const QString &fields)
+{
+    QTestData &data = QTest::newRow(name);
+    for (const QString &field : fields.split(QLatin1Char(';')))
+        data << field.trimmed();
+}
+
+QStringList words(const QString &text)
+{
+    return text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
 
 QString indexName(const QModelIndex &index)

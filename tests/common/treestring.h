@@ -5,6 +5,8 @@
 #include <QModelIndex>
 #include <QStringList>
 
+#include <initializer_list>
+
 class QAbstractItemModel;
 
 namespace OvtTest {
@@ -73,6 +75,13 @@ QString treeToString(const TreeNode *root);
  * role is not answered.
  */
 QString modelToString(const QAbstractItemModel *model, const QModelIndex &parent = QModelIndex());
+
+/** Declares test-table columns that all hold strings. */
+void columns(std::initializer_list<const char *> names);
+/** Adds a table row whose string fields are separated by ';' (blanks around them trimmed). */
+void row(const char *name, const QString &fields);
+/** The blank-separated words of @p text. */
+QStringList words(const QString &text);
 
 /** How a row appears in the notation: "root" for the invalid index. */
 QString indexName(const QModelIndex &index);

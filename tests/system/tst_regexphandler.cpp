@@ -87,27 +87,11 @@ private:
 // One line per line kind of a real configuration file, so large files mix them all.
 QByteArray largeFile(int lines)
 {
+    const char *kinds[]
+        = {"key%1 = %1\n", "# comment %1\n", "\n", "opt%1=x  # trailing\n", "\xff\xfe raw %1\n"};
     QByteArray bytes;
-    bytes.reserve(lines * 24);
-    for (int i = 0; i < lines; ++i) {
-        switch (i % 5) {
-        case 0:
-            bytes += "key" + QByteArray::number(i) + " = " + QByteArray::number(i) + "\n";
-            break;
-        case 1:
-            bytes += "# comment " + QByteArray::number(i) + "\n";
-            break;
-        case 2:
-            bytes += "\n";
-            break;
-        case 3:
-            bytes += "opt" + QByteArray::number(i) + "=x  # trailing\n";
-            break;
-        default:
-            bytes += "\xff\xfe raw " + QByteArray::number(i) + "\n";
-            break;
-        }
-    }
+    for (int i = 0; i < lines; ++i)
+        bytes += QByteArray(kinds[i % 5]).replace("%1", QByteArray::number(i));
     return bytes;
 }
 
@@ -215,44 +199,38 @@ void TestRegExpHandler::rewrite_data()
     QTest::addColumn<QStringList>("replace");
     QTest::addColumn<QByteArray>("appended");
     QTest::addColumn<QByteArray>("expected");
-    QTest::addColumn<QStringList>("seen");
+    QTest::addColumn<QStringList>("seen"); // {"*"}: not compared
 
-    QTest::newRow("replaced line keeps its comment behind a tab")
-        << QByteArray("  key = value   # note\n") << QStringList {"key"} << QByteArray()
-        << QByteArray("key = new\t# note\n") << QStringList {"key=value"};
-    QTest::newRow("replaced line without comment ends in a line feed")
-        << QByteArray("key=1\nother = 2\n") << QStringList {"key"} << QByteArray()
-        << QByteArray("key = new\nother = 2\n") << QStringList {"key=1", "other=2"};
-    QTest::newRow("a lone hash is kept as the comment")
-        << QByteArray("key = 1 #\n") << QStringList {"key"} << QByteArray()
-        << QByteArray("key = new\t#\n") << QStringList {"key=1"};
-    QTest::newRow("comment-only and blank lines untouched, even if the pattern fits them")
-        << QByteArray("# key = a\n\n   \t\n#key=b\n") << QStringList {"key"} << QByteArray()
-        << QByteArray("# key = a\n\n   \t\n#key=b\n") << QStringList();
-    QTest::newRow("handler returning false keeps the line byte for byte")
-        << QByteArray("key =  spaced \t # c \r\n") << QStringList() << QByteArray()
-        << QByteArray("key =  spaced \t # c \r\n") << QStringList {"key=spaced"};
-    QTest::newRow("only the text before the comment is matched")
-        << QByteArray("  # key = 1\nnot a pair # key = 2\n") << QStringList {"key"} << QByteArray()
-        << QByteArray("  # key = 1\nnot a pair # key = 2\n") << QStringList();
-    QTest::newRow("last line without line feed kept as it is")
-        << QByteArray("a = 1\nb = 2") << QStringList {"a"} << QByteArray()
-        << QByteArray("a = new\nb = 2") << QStringList {"a=1", "b=2"};
-    QTest::newRow("last line without line feed gets one when replaced")
-        << QByteArray("a = 1\nkey = 2") << QStringList {"key"} << QByteArray()
-        << QByteArray("a = 1\nkey = new\n") << QStringList {"a=1", "key=2"};
-    QTest::newRow("bytes that are not UTF-8 pass through")
-        << QByteArray("\xff\xfe = \xfd\n\x80\x81 # \xff\nkey = 1\n") << QStringList {"key"}
-        << QByteArray() << QByteArray("\xff\xfe = \xfd\n\x80\x81 # \xff\nkey = new\n")
-        << QStringList {"*"};
-    QTest::newRow("NUL bytes in an untouched line pass through")
-        << QByteArray("a = \0b\nkey = 1\n", 16) << QStringList {"key"} << QByteArray()
-        << QByteArray("a = \0b\nkey = new\n", 18) << QStringList {"*"};
+    // The keys to replace and the lines seen are blank-separated.
+    const auto row = [](const char *name, const QByteArray &contents, const char *replace,
+                        const QByteArray &expected, const char *seen) {
+        QTest::newRow(name) << contents << QString(replace).split(' ', Qt::SkipEmptyParts)
+                            << QByteArray() << expected
+                            << QString(seen).split(' ', Qt::SkipEmptyParts);
+    };
+    row("replaced line keeps its comment behind a tab", "  key = value   # note\n", "key",
+        "key = new\t# note\n", "key=value");
+    row("replaced line without comment ends in a line feed", "key=1\nother = 2\n", "key",
+        "key = new\nother = 2\n", "key=1 other=2");
+    row("a lone hash is kept as the comment", "key = 1 #\n", "key", "key = new\t#\n", "key=1");
+    row("comment-only and blank lines untouched, even if the pattern fits them",
+        "# key = a\n\n   \t\n#key=b\n", "key", "# key = a\n\n   \t\n#key=b\n", "");
+    row("handler returning false keeps the line byte for byte", "key =  spaced \t # c \r\n", "",
+        "key =  spaced \t # c \r\n", "key=spaced");
+    row("only the text before the comment is matched", "  # key = 1\nnot a pair # key = 2\n", "key",
+        "  # key = 1\nnot a pair # key = 2\n", "");
+    row("last line without line feed kept as it is", "a = 1\nb = 2", "a", "a = new\nb = 2",
+        "a=1 b=2");
+    row("last line without line feed gets one when replaced", "a = 1\nkey = 2", "key",
+        "a = 1\nkey = new\n", "a=1 key=2");
+    row("bytes that are not UTF-8 pass through", "\xff\xfe = \xfd\n\x80\x81 # \xff\nkey = 1\n",
+        "key", "\xff\xfe = \xfd\n\x80\x81 # \xff\nkey = new\n", "*");
+    row("NUL bytes in an untouched line pass through", QByteArray("a = \0b\nkey = 1\n", 16), "key",
+        QByteArray("a = \0b\nkey = new\n", 18), "*");
+    row("empty file", "", "key", "", "");
     QTest::newRow("final handler appends missing lines")
         << QByteArray("a = 1\n") << QStringList() << QByteArray("key = added\n")
         << QByteArray("a = 1\nkey = added\n") << QStringList {"a=1"};
-    QTest::newRow("empty file") << QByteArray() << QStringList {"key"} << QByteArray()
-                                << QByteArray() << QStringList();
 }
 
 void TestRegExpHandler::rewrite()

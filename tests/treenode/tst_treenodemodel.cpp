@@ -20,15 +20,9 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void structure_data();
-    void structure();
-    void insertRows_data();
-    void insertRows();
-    void removeRows_data();
-    void removeRows();
+    void changes_data();
+    void changes();
     void deletedNodeLosesItsRow();
-    void dataChanges_data();
-    void dataChanges();
     void nodeIndexRoundTrip();
     void foreignNodesAndIndexes();
     void selectionsGiveEachNodeOnce();
@@ -89,151 +83,77 @@ void TstTreeNodeModel::setUpTree(const QString &tree, const QString &extras)
     _recorder->clear();
 }
 
-void TstTreeNodeModel::structure_data()
+void TstTreeNodeModel::changes_data()
 {
-    QTest::addColumn<QString>("tree");
-    QTest::addColumn<QString>("extras");
-    QTest::addColumn<QString>("expected");
-
-    QTest::newRow("empty root") << ""
-                                << ""
-                                << "[]";
-    QTest::newRow("nested tree") << "a[a1[a11] a2] b"
-                                 << ""
-                                 << "[a[a1[a11] a2] b]";
-    QTest::newRow("extra nodes come first") << "a b c"
-                                            << "x y[y1]"
-                                            << "[x y[y1] a b c]";
-    QTest::newRow("extra nodes only") << ""
-                                      << "x"
-                                      << "[x]";
+    // change: "insert <parent> <pos> <nodes>", "remove <parent> <pos> <count>", "data <node>",
+    // "childs <node>" (its children's data), or nothing to read the tree as built.
+    columns({"tree", "extras", "change", "expected", "expectedSignals"});
+    row("nested tree", "a[a1[a11] a2] b;;; [a[a1[a11] a2] b];");
+    row("extra nodes come first", "a b c; x y[y1];; [x y[y1] a b c];");
+    row("extra nodes only", "; x;; [x];");
+    row("insert at the front",
+        "a b;; insert root 0 x y; [x y a b]; "
+        "aboutToBeInserted(root,0,1) inserted(root,0,1)");
+    row("insert in the middle",
+        "a b c;; insert root 1 x; [a x b c]; "
+        "aboutToBeInserted(root,1,1) inserted(root,1,1)");
+    row("insert at the end by clamping",
+        "a b;; insert root 99 x; [a b x]; "
+        "aboutToBeInserted(root,2,2) inserted(root,2,2)");
+    row("insert at the root's front is shifted past the extra nodes",
+        "a b c; e f; insert root 0 x; [e f x a b c]; "
+        "aboutToBeInserted(root,2,2) inserted(root,2,2)");
+    row("insert into a nested node",
+        "a[a1 a2] b;; insert a 1 x[x1]; [a[a1 x[x1] a2] b]; "
+        "aboutToBeInserted(a,1,1) inserted(a,1,1)");
+    row("insert below an extra node",
+        "a; e[e1]; insert e1 0 x; [e[e1[x]] a]; aboutToBeInserted(e1,0,0) inserted(e1,0,0)");
+    row("insert of nothing", "a;; insert a 0; [a];");
+    row("clamped removal at the end",
+        "a b c d e;; remove root 2 10; [a b]; "
+        "aboutToBeRemoved(root,2,4) removed(root,2,4)");
+    row("removal at the front with extra nodes is shifted",
+        "a b; e f; remove root 0 1; [e f b]; aboutToBeRemoved(root,2,2) removed(root,2,2)");
+    row("removal of a subtree",
+        "a[a1[a11]] b;; remove root 0 1; [b]; "
+        "aboutToBeRemoved(root,0,0) removed(root,0,0)");
+    row("nested removal",
+        "a[a1 a2 a3];; remove a 1 1; [a[a1 a3]]; aboutToBeRemoved(a,1,1) removed(a,1,1)");
+    row("removal below an extra node",
+        "a; e[e1 e2]; remove e 0 1; [e[e2] a]; aboutToBeRemoved(e,0,0) removed(e,0,0)");
+    row("out-of-range removal is silent", "a b;; remove root 2 1; [a b];");
+    const QString tree = QStringLiteral("a[a1 a2] b;");
+    row("node data spans its row", tree + "; data a1; [a[a1 a2] b]; dataChanged(a1,0,a1,0)");
+    row("children's data spans all children",
+        tree + "; childs a; [a[a1 a2] b]; dataChanged(a1,0,a2,0)");
+    row("root's children include the extra nodes",
+        tree + " e; childs root; [e a[a1 a2] b]; dataChanged(e,0,b,0)");
+    row("childless node reports nothing", tree + "; childs b; [a[a1 a2] b];");
+    row("extra node's data", tree + " e; data e; [e a[a1 a2] b]; dataChanged(e,0,e,0)");
 }
 
-void TstTreeNodeModel::structure()
+void TstTreeNodeModel::changes()
 {
     QFETCH(QString, tree);
     QFETCH(QString, extras);
+    QFETCH(QString, change);
     QFETCH(QString, expected);
+    QFETCH(QString, expectedSignals);
 
     setUpTree(tree, extras);
+    const QStringList args = words(change);
+    const QString verb = args.value(0);
+    if (verb == QLatin1String("insert"))
+        find(args.at(1))
+            ->insert(args.at(2).toInt(), buildNodes(args.mid(3).join(' '), _owner.get()));
+    else if (verb == QLatin1String("remove"))
+        find(args.at(1))->removeAt(args.at(2).toInt(), args.at(3).toInt());
+    else if (verb == QLatin1String("data"))
+        find(args.at(1))->emitNodeDataChanged();
+    else if (verb == QLatin1String("childs"))
+        find(args.at(1))->emitNodeChildsDataChanged();
     QCOMPARE(modelToString(_model), expected);
-}
-
-void TstTreeNodeModel::insertRows_data()
-{
-    QTest::addColumn<QString>("tree");
-    QTest::addColumn<QString>("extras");
-    QTest::addColumn<QString>("parent");
-    QTest::addColumn<int>("pos");
-    QTest::addColumn<QString>("nodes");
-    QTest::addColumn<QString>("expected");
-    QTest::addColumn<QStringList>("expectedSignals");
-
-    QTest::newRow("insert at the front")
-        << "a b"
-        << ""
-        << "root" << 0 << "x y"
-        << "[x y a b]" << QStringList {"aboutToBeInserted(root,0,1)", "inserted(root,0,1)"};
-    QTest::newRow("insert in the middle")
-        << "a b c"
-        << ""
-        << "root" << 1 << "x"
-        << "[a x b c]" << QStringList {"aboutToBeInserted(root,1,1)", "inserted(root,1,1)"};
-    QTest::newRow("insert at the end by clamping")
-        << "a b"
-        << ""
-        << "root" << 99 << "x"
-        << "[a b x]" << QStringList {"aboutToBeInserted(root,2,2)", "inserted(root,2,2)"};
-    QTest::newRow("insert at the root's front is shifted past the extra nodes")
-        << "a b c"
-        << "e f"
-        << "root" << 0 << "x"
-        << "[e f x a b c]" << QStringList {"aboutToBeInserted(root,2,2)", "inserted(root,2,2)"};
-    QTest::newRow("insert into a nested node")
-        << "a[a1 a2] b"
-        << ""
-        << "a" << 1 << "x[x1]"
-        << "[a[a1 x[x1] a2] b]" << QStringList {"aboutToBeInserted(a,1,1)", "inserted(a,1,1)"};
-    QTest::newRow("insert below an extra node")
-        << "a"
-        << "e[e1]"
-        << "e1" << 0 << "x"
-        << "[e[e1[x]] a]" << QStringList {"aboutToBeInserted(e1,0,0)", "inserted(e1,0,0)"};
-    QTest::newRow("insert of nothing") << "a"
-                                       << ""
-                                       << "a" << 0 << ""
-                                       << "[a]" << QStringList();
-}
-
-void TstTreeNodeModel::insertRows()
-{
-    QFETCH(QString, tree);
-    QFETCH(QString, extras);
-    QFETCH(QString, parent);
-    QFETCH(int, pos);
-    QFETCH(QString, nodes);
-    QFETCH(QString, expected);
-    QFETCH(QStringList, expectedSignals);
-
-    setUpTree(tree, extras);
-    find(parent)->insert(pos, buildNodes(nodes, _owner.get()));
-    QCOMPARE(modelToString(_model), expected);
-    QCOMPARE(_recorder->recorded(), expectedSignals);
-}
-
-void TstTreeNodeModel::removeRows_data()
-{
-    QTest::addColumn<QString>("tree");
-    QTest::addColumn<QString>("extras");
-    QTest::addColumn<QString>("parent");
-    QTest::addColumn<int>("pos");
-    QTest::addColumn<int>("count");
-    QTest::addColumn<QString>("expected");
-    QTest::addColumn<QStringList>("expectedSignals");
-
-    QTest::newRow("clamped removal at the end")
-        << "a b c d e"
-        << ""
-        << "root" << 2 << 10 << "[a b]"
-        << QStringList {"aboutToBeRemoved(root,2,4)", "removed(root,2,4)"};
-    QTest::newRow("removal at the front with extra nodes is shifted")
-        << "a b"
-        << "e f"
-        << "root" << 0 << 1 << "[e f b]"
-        << QStringList {"aboutToBeRemoved(root,2,2)", "removed(root,2,2)"};
-    QTest::newRow("removal of a subtree")
-        << "a[a1[a11]] b"
-        << ""
-        << "root" << 0 << 1 << "[b]"
-        << QStringList {"aboutToBeRemoved(root,0,0)", "removed(root,0,0)"};
-    QTest::newRow("nested removal") << "a[a1 a2 a3]"
-                                    << ""
-                                    << "a" << 1 << 1 << "[a[a1 a3]]"
-                                    << QStringList {"aboutToBeRemoved(a,1,1)", "removed(a,1,1)"};
-    QTest::newRow("removal below an extra node")
-        << "a"
-        << "e[e1 e2]"
-        << "e" << 0 << 1 << "[e[e2] a]"
-        << QStringList {"aboutToBeRemoved(e,0,0)", "removed(e,0,0)"};
-    QTest::newRow("out-of-range removal is silent") << "a b"
-                                                    << ""
-                                                    << "root" << 2 << 1 << "[a b]" << QStringList();
-}
-
-void TstTreeNodeModel::removeRows()
-{
-    QFETCH(QString, tree);
-    QFETCH(QString, extras);
-    QFETCH(QString, parent);
-    QFETCH(int, pos);
-    QFETCH(int, count);
-    QFETCH(QString, expected);
-    QFETCH(QStringList, expectedSignals);
-
-    setUpTree(tree, extras);
-    find(parent)->removeAt(pos, count);
-    QCOMPARE(modelToString(_model), expected);
-    QCOMPARE(_recorder->recorded(), expectedSignals);
+    QCOMPARE(_recorder->recorded(), words(expectedSignals));
 }
 
 void TstTreeNodeModel::deletedNodeLosesItsRow()
@@ -250,57 +170,14 @@ void TstTreeNodeModel::deletedNodeLosesItsRow()
     QCOMPARE(_model->parent(_model->treeNodeToIndex(find("a2"))), QModelIndex());
 }
 
-void TstTreeNodeModel::dataChanges_data()
-{
-    QTest::addColumn<QString>("extras");
-    QTest::addColumn<QString>("node");
-    QTest::addColumn<bool>("children");
-    QTest::addColumn<QStringList>("expected");
-
-    QTest::newRow("node data spans its row")
-        << ""
-        << "a1" << false << QStringList {"dataChanged(a1,0,a1,0)"};
-    QTest::newRow("children's data spans all children")
-        << ""
-        << "a" << true << QStringList {"dataChanged(a1,0,a2,0)"};
-    QTest::newRow("root's children include the extra nodes")
-        << "e"
-        << "root" << true << QStringList {"dataChanged(e,0,b,0)"};
-    QTest::newRow("childless node reports nothing") << ""
-                                                    << "b" << true << QStringList();
-    QTest::newRow("extra node's data") << "e"
-                                       << "e" << false << QStringList {"dataChanged(e,0,e,0)"};
-}
-
-void TstTreeNodeModel::dataChanges()
-{
-    QFETCH(QString, extras);
-    QFETCH(QString, node);
-    QFETCH(bool, children);
-    QFETCH(QStringList, expected);
-
-    setUpTree("a[a1 a2] b", extras);
-    TreeNode *target = find(node);
-    if (children)
-        target->emitNodeChildsDataChanged();
-    else
-        target->emitNodeDataChanged();
-    QCOMPARE(_recorder->recorded(), expected);
-}
-
 void TstTreeNodeModel::nodeIndexRoundTrip()
 {
     setUpTree("a[a1[a11] a2] b", "e[e1]");
-    QList<TreeNode *> nodes = _root->allChildNodes();
-    nodes += _model->extraRootChildNodes();
-    nodes += _model->extraRootChildNodes().first()->allChildNodes();
-    for (TreeNode *node : qAsConst(nodes)) {
-        const QModelIndex index = _model->treeNodeToIndex(node);
-        QVERIFY2(index.isValid(), qPrintable(node->id()));
+    for (const char *id : {"a", "a1", "a11", "a2", "b", "e", "e1"}) {
+        const QModelIndex index = _model->treeNodeToIndex(find(id));
         QCOMPARE(index.column(), 0);
-        QCOMPARE(_model->toTreeNode(index), node);
-        QCOMPARE(_model->toTreeNode(index.sibling(index.row(), 0)), node);
-        QCOMPARE(_model->data(index, Qt::UserRole + 2).toString(), node->id());
+        QCOMPARE(_model->toTreeNode(index), find(id));
+        QCOMPARE(_model->data(index, Qt::UserRole + 2).toString(), QString(id));
     }
     QCOMPARE(_model->treeNodeToIndex(find("a")).row(), 1);
     QCOMPARE(_model->treeNodeToIndex(find("a2")).row(), 1);
@@ -314,7 +191,6 @@ void TstTreeNodeModel::foreignNodesAndIndexes()
     setUpTree("a b");
     TestNode *other = buildTree("[z[z1]]", _owner.get());
     QVERIFY(!_model->treeNodeToIndex(other->childNodes().first()).isValid());
-    QVERIFY(!_model->treeNodeToIndex(new TestNode("detached", _owner.get())).isValid());
 
     QStringListModel strings({"one", "two"});
     QCOMPARE(_model->toTreeNode(strings.index(0, 0)), nullptr);
@@ -411,7 +287,6 @@ void TstTreeNodeModel::emptyModelWithoutRoot()
     QCOMPARE(_model->columnCount(), 0);
     QVERIFY(!_model->hasChildren());
     QCOMPARE(_model->toTreeNode(QModelIndex()), nullptr);
-    QCOMPARE(_model->rootNode(), nullptr);
     _model->nodesAboutToBeReset();
     _model->nodesReset();
     QCOMPARE(_recorder->recorded(), (QStringList {"aboutToBeReset", "reset"}));
