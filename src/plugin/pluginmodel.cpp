@@ -42,8 +42,9 @@ QModelIndex PluginModel::ObjectToIndex(QObject *object) const
             return createIndex(row, 0, nullptr);
         if (!plugin)
             continue;
-        const int moduleRow = plugin->modules().indexOf(static_cast<TreeNode *>(object));
-        if (moduleRow >= 0 && qobject_cast<TreeNode *>(object))
+        auto *node = qobject_cast<TreeNode *>(object);
+        const int moduleRow = node ? plugin->modules().indexOf(node) : -1;
+        if (moduleRow >= 0)
             return createIndex(moduleRow, 0, plugin);
     }
     return QModelIndex();

@@ -5,6 +5,9 @@ set -euo pipefail
 build_dir=$1
 source_dir=$2
 cxx=$3
+# Sanitizer flags of the library's build: a consumer of a sanitized library needs them too.
+extra_flags=${4:-}
+extra_flags=${extra_flags//;/ }
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -30,14 +33,15 @@ soname=$(objdump -p "$libdir/libovt-common.so.1" | awk '/SONAME/ {print $2}')
 
 echo "== find_package"
 cmake -S "$source_dir" -B "$work/cmake-build" -DCMAKE_PREFIX_PATH="$prefix" \
-    -DCMAKE_CXX_COMPILER="$cxx" > "$work/cmake.log"
+    -DCMAKE_CXX_COMPILER="$cxx" -DCMAKE_CXX_FLAGS="$extra_flags" \
+    -DCMAKE_EXE_LINKER_FLAGS="$extra_flags" > "$work/cmake.log"
 cmake --build "$work/cmake-build" > "$work/cmake-build.log"
 "$work/cmake-build/consumer"
 
 echo "== pkg-config"
 export PKG_CONFIG_PATH=$libdir/pkgconfig
 # shellcheck disable=SC2046
-"$cxx" -std=c++17 "$source_dir/main.cpp" -o "$work/consumer-pc" \
+"$cxx" -std=c++17 $extra_flags "$source_dir/main.cpp" -o "$work/consumer-pc" \
     $(pkg-config --cflags --libs ovt-common) -Wl,-rpath,"$libdir"
 "$work/consumer-pc"
 echo "PASS"
