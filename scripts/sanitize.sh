@@ -19,8 +19,8 @@ case $kind in
 address)
     # Qt is built without frame pointers: only the slow unwinder sees far enough up a stack
     # for the suppressions to recognise Qt's own start-up allocations.
-    export ASAN_OPTIONS=detect_leaks=1:fast_unwind_on_malloc=0:strict_string_checks=1
-    export LSAN_OPTIONS=suppressions=$supp/lsan.supp:fast_unwind_on_malloc=0:print_suppressions=0
+    export ASAN_OPTIONS=detect_leaks=1:fast_unwind_on_malloc=0:malloc_context_size=8:strict_string_checks=1
+    export LSAN_OPTIONS=suppressions=$supp/lsan.supp:fast_unwind_on_malloc=0:malloc_context_size=8:print_suppressions=0
     export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
     ;;
 thread)

@@ -1,0 +1,187 @@
+#include "task/taskobserver.h"
+
+#include "task/abstracttask.h"
+#include "task/blockdialog.h"
+#include "task/taskobserverdialog.h"
+#include "task/taskobservermodel.h"
+#include "task/taskperformedevent.h"
+#include "task/thread.h"
+#include "task/tsan_p.h"
+
+#include <QCoreApplication>
+#include <QThread>
+#include <QTimer>
+#include <QWidget>
+
+TaskObserver *TaskObserver::_instance = nullptr;
+
+TaskObserver *TaskObserver::instance(QObject *parent)
+{
+    if (!_instance) {
+        // Completions are posted to the observer: it must live on the user-interface thread.
+        Q_ASSERT(!QCoreApplication::instance()
+                 || QThread::currentThread() == QCoreApplication::instance()->thread());
+        new TaskObserver(parent);
+    }
+    return _instance;
+}
+
+TaskObserver::TaskObserver(QObject *parent)
+    : QObject(parent)
+    , _runningCount(0)
+    , _problemCount(0)
+    , _timer(new QTimer(this))
+    , _model(nullptr)
+    , _blockDialog(nullptr)
+    , _dialog(nullptr)
+{
+    _instance = this;
+
+    _timer->setObjectName(QStringLiteral("_timer"));
+    _timer->setSingleShot(true);
+    _timer->setInterval(_delay);
+    connect(_timer, &QTimer::timeout, this, &TaskObserver::openTaskObserveDialog);
+
+    _model = new TaskObserverModel(this, this);
+
+    QWidget *parentWidget
+        = parent && parent->isWidgetType() ? static_cast<QWidget *>(parent) : nullptr;
+    _blockDialog = new BlockDialog(parentWidget);
+    _dialog = new TaskObserverDialog(this, parentWidget);
+    connect(_dialog, &QDialog::rejected, this, &TaskObserver::clearTasks);
+}
+
+TaskObserver::~TaskObserver()
+{
+    // The dialog's view uses the model, a child of ours: the dialog goes first.
+    delete _dialog;
+    delete _blockDialog;
+    if (_instance == this)
+        _instance = nullptr;
+}
+
+void TaskObserver::performTask(AbstractTask *task)
+{
+    if (!task)
+        return;
+    if (_taskRows.contains(task))
+        return;
+    if (task->taskAboutToBeStopped())
+        return;
+
+    if (_runningCount == 0) {
+        _dialog->blockCloseButton();
+        if (!_dialog->isVisible()) {
+            if (_timer->interval() != 0) {
+                _blockDialog->open();
+                _timer->start();
+            } else {
+                openTaskObserveDialog();
+            }
+        }
+    }
+
+    const int row = _tasks.size();
+    emit tasksAboutToBeInserted(row, row);
+    ++_runningCount;
+    _taskRows.insert(task, row);
+    _tasks.append(TaskEntry {task->taskDescription(), task});
+    emit tasksInserted(row, row);
+
+    Thread::put(task);
+}
+
+TaskObserverModel *TaskObserver::model() const
+{
+    return _model;
+}
+
+bool TaskObserver::event(QEvent *e)
+{
+    // Completion events are built on a worker thread; what it wrote is ours from here on.
+    Tsan::acquire(e);
+    if (e->type() == static_cast<QEvent::Type>(TaskPerformedEvent::Type)) {
+        auto *performed = static_cast<TaskPerformedEvent *>(e);
+        if (performed->task())
+            Tsan::acquire(performed->task());
+        taskPerformedEvent(performed);
+        return true;
+    }
+    return QObject::event(e);
+}
+
+void TaskObserver::taskPerformedEvent(TaskPerformedEvent *e)
+{
+    if (!e)
+        return;
+    AbstractTask *task = e->task();
+    if (!task)
+        return;
+
+    const auto found = _taskRows.constFind(task);
+    if (found != _taskRows.constEnd() && found.value() != -1) {
+        const int row = found.value();
+        TaskEntry &entry = _tasks[row];
+        entry.description = task->taskDescription();
+        emit taskDataChanged(row);
+
+        switch (entry.description.status()) {
+        case TaskDescription::Success:
+            --_runningCount;
+            break;
+        case TaskDescription::Fail:
+        case TaskDescription::Warning:
+            ++_problemCount;
+            --_runningCount;
+            break;
+        default:
+            break;
+        }
+
+        // The task is deleted below. Its row forgets it at once, and so does the map: a later
+        // task of the same batch may be allocated at the same address, and must then be
+        // queued, not refused as given twice.
+        _taskRows.erase(found);
+        entry.task = nullptr;
+
+        if (_runningCount == 0) {
+            _dialog->unblockCloseButton();
+            if (_timer->isActive()) {
+                _blockDialog->reject();
+                _timer->stop();
+            }
+            if (_dialog->isVisible()) {
+                // Closing the dialog clears the batch through its rejected() signal.
+                if (_problemCount == 0)
+                    _dialog->reject();
+            } else {
+                if (_problemCount != 0)
+                    _dialog->open();
+                else
+                    clearTasks();
+            }
+        }
+    }
+
+    task->afterRun();
+    delete task;
+}
+
+void TaskObserver::openTaskObserveDialog()
+{
+    _blockDialog->reject();
+    _dialog->open();
+}
+
+void TaskObserver::clearTasks()
+{
+    // Both arguments are the list length, not the first and last row: tools built on these
+    // signals depend on that pair, so it stays.
+    const int n = _tasks.size();
+    emit tasksAboutToBeRemoved(n, n);
+    _runningCount = 0;
+    _problemCount = 0;
+    _taskRows.clear();
+    _tasks.clear();
+    emit tasksRemoved(n, n);
+}

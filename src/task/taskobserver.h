@@ -1,0 +1,112 @@
+#pragma once
+
+#include "ovtcommon_export.h"
+#include "task/taskdescription.h"
+
+#include <QHash>
+#include <QObject>
+#include <QVector>
+
+class AbstractTask;
+class BlockDialog;
+class QTimer;
+class TaskObserverDialog;
+class TaskObserverModel;
+class TaskPerformedEvent;
+
+/**
+ * The process-wide entry point for running tasks.
+ *
+ * performTask() lists a task in the current batch and puts it into the worker queue
+ * (Thread::put()). Completions arrive on the user-interface thread as TaskPerformedEvent;
+ * the observer copies the task's description into its list, calls afterRun() and deletes the
+ * task. The first task of a batch blocks input with an invisible modal BlockDialog; if the
+ * batch is still running after _delay milliseconds (the single-shot timer, a child QTimer
+ * named "_timer"), the TaskObserverDialog replaces it. A batch without failures or warnings
+ * closes the dialog and clears the list when it ends; otherwise the dialog stays open until
+ * the user closes it, which clears the list.
+ *
+ * Everything here runs on the user-interface thread.
+ */
+class OVTCOMMON_EXPORT TaskObserver : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** The grace period in milliseconds before the task observer dialog is shown. */
+    static const int _delay = 1000;
+
+    /**
+     * Returns the single observer, creating it on the first call (on the user-interface
+     * thread) with @p parent as its QObject parent. A widget parent also becomes the parent
+     * widget of both dialogs; otherwise they are top-level windows. Later calls ignore
+     * @p parent.
+     */
+    static TaskObserver *instance(QObject *parent = nullptr);
+
+    /** Deletes both dialogs; tasks still in flight are not deleted. */
+    ~TaskObserver() override;
+
+    /**
+     * Takes ownership of @p task, lists it (tasksAboutToBeInserted(), tasksInserted()) and
+     * puts it into the worker queue. A null task, a task already in the batch and a task
+     * already asked to stop are ignored. The result of Thread::put() is not checked: a task
+     * the queue refuses stays listed as processing and never runs.
+     */
+    void performTask(AbstractTask *task);
+
+    /** The list of the current batch as an item model; owned by the observer. */
+    TaskObserverModel *model() const;
+
+    /** Hands events of type 1002 to taskPerformedEvent(). */
+    bool event(QEvent *e) override;
+
+public slots:
+    /** Replaces the block dialog by the task observer dialog. */
+    void openTaskObserveDialog();
+
+    /**
+     * Empties the list and resets the counts. Emits tasksAboutToBeRemoved(n, n) and
+     * tasksRemoved(n, n) where n is the length of the list: both arguments are the length,
+     * not the first and last rows.
+     */
+    void clearTasks();
+
+signals:
+    void tasksAboutToBeInserted(int first, int last);
+    void tasksInserted(int first, int last);
+    void tasksAboutToBeRemoved(int first, int last);
+    void tasksRemoved(int first, int last);
+    void taskDataChanged(int row);
+
+protected:
+    /**
+     * Finishes one task: updates its row and the counts, ends the batch when it was the last
+     * running task, then calls afterRun() and deletes the task, also for a task that is not
+     * in the list.
+     */
+    virtual void taskPerformedEvent(TaskPerformedEvent *e);
+
+private:
+    explicit TaskObserver(QObject *parent);
+    Q_DISABLE_COPY(TaskObserver)
+
+    friend class TaskObserverModel;
+
+    struct TaskEntry
+    {
+        TaskDescription description;
+        AbstractTask *task; // not owned; null once the task is finished
+    };
+
+    int _runningCount;
+    int _problemCount;
+    QHash<AbstractTask *, int> _taskRows;
+    QVector<TaskEntry> _tasks;
+    QTimer *_timer;
+    TaskObserverModel *_model;
+    BlockDialog *_blockDialog; // owned
+    TaskObserverDialog *_dialog; // owned
+
+    static TaskObserver *_instance;
+};

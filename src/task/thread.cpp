@@ -1,0 +1,133 @@
+#include "task/thread.h"
+
+#include "task/abstracttask.h"
+#include "task/tsan_p.h"
+
+namespace {
+
+constexpr int bufferSize = 64;
+
+} // namespace
+
+AbstractTask *Thread::_buffer[bufferSize] = {};
+int Thread::_frontBound = 0;
+int Thread::_rearBound = 0;
+QSemaphore Thread::_emptyBuffer(0);
+QSemaphore Thread::_fullBuffer(0);
+QMutex Thread::_frontBoundMutex;
+QAtomicInt Thread::_threadsCount(0);
+bool Thread::_stopThread = false;
+
+Thread::Thread(QObject *parent)
+    : QThread(parent)
+    , _index(-1)
+{ }
+
+Thread::~Thread()
+{
+    {
+        Tsan::MutexLocker locker(&_frontBoundMutex);
+        // A worker of ours that has not joined the pool yet must not join it any more; the
+        // check in run() is made under the same mutex.
+        requestInterruption();
+        // With no worker in the pool there is nothing to stop; a stop flag left behind would
+        // only make the next pool's workers leave at once.
+        if (_threadsCount.loadAcquire() > 0) {
+            Tsan::storeFlag(&_stopThread, true);
+            Tsan::release(&_fullBuffer);
+            _fullBuffer.release(1);
+        }
+    }
+    wait();
+    // The worker's last writes to this object happen before it is freed.
+    Tsan::acquire(this);
+}
+
+bool Thread::put(AbstractTask *task)
+{
+    if (!task)
+        return false;
+    // A stopping pool takes nothing more: worker 0 may already have emptied the queue, and a
+    // task put now would never be run nor deleted.
+    if (Tsan::loadFlag(&_stopThread))
+        return false;
+    if (!_emptyBuffer.tryAcquire(1))
+        return false;
+    Tsan::acquire(&_emptyBuffer);
+    // Only the producer writes _rearBound, so it needs no lock.
+    _buffer[_rearBound] = task;
+    _rearBound = (_rearBound + 1) % bufferSize;
+    Tsan::release(&_fullBuffer);
+    _fullBuffer.release(1);
+    return true;
+}
+
+void Thread::run()
+{
+    {
+        Tsan::MutexLocker locker(&_frontBoundMutex);
+        if (isInterruptionRequested()) {
+            // This Thread was destroyed before its worker got here.
+            Tsan::release(this);
+            return;
+        }
+        _index = _threadsCount.fetchAndAddOrdered(1);
+        if (_index == 0) {
+            for (AbstractTask *&slot : _buffer)
+                slot = nullptr;
+            Tsan::release(&_emptyBuffer);
+            _emptyBuffer.release(bufferSize);
+        }
+    }
+
+    for (;;) {
+        _fullBuffer.acquire();
+        Tsan::acquire(&_fullBuffer);
+        if (Tsan::loadFlag(&_stopThread))
+            break;
+        AbstractTask *task = nullptr;
+        {
+            Tsan::MutexLocker locker(&_frontBoundMutex);
+            // Asked again under the mutex: once worker 0 has emptied the queue on stop, no
+            // other worker may take a slot and move _frontBound past _rearBound.
+            if (Tsan::loadFlag(&_stopThread))
+                break;
+            task = _buffer[_frontBound];
+            _buffer[_frontBound] = nullptr;
+            _frontBound = (_frontBound + 1) % bufferSize;
+        }
+        Tsan::release(&_emptyBuffer);
+        _emptyBuffer.release(1);
+        if (task)
+            task->run();
+    }
+
+    {
+        Tsan::MutexLocker locker(&_frontBoundMutex);
+        if (_index == 0) {
+            // Taken slots are null, so the waiting tasks are the non-null run from
+            // _frontBound on: this also covers a full queue, where _frontBound == _rearBound.
+            while (AbstractTask *task = _buffer[_frontBound]) {
+                _buffer[_frontBound] = nullptr;
+                _frontBound = (_frontBound + 1) % bufferSize;
+                delete task;
+            }
+        }
+        // Leaving, the count and the relayed wake-up change under the mutex, so a worker that
+        // starts a new pool (index 0, decided under the same mutex) never sees a wake-up of the
+        // old pool arrive after it started.
+        if (_threadsCount.fetchAndSubOrdered(1) > 1) {
+            Tsan::release(&_fullBuffer);
+            _fullBuffer.release(1);
+        } else {
+            // The last worker out puts the queue back into its initial state: no stop request,
+            // no stale wake-ups, no free slots until the next pool's first worker opens it.
+            Tsan::storeFlag(&_stopThread, false);
+            _fullBuffer.tryAcquire(_fullBuffer.available());
+            _emptyBuffer.tryAcquire(_emptyBuffer.available());
+            _frontBound = 0;
+            _rearBound = 0;
+        }
+    }
+    Tsan::release(this);
+}
