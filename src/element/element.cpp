@@ -10,10 +10,12 @@ namespace {
 
 // Elements whose destructor is running. Their subclass part is already gone, so caption() may
 // not be called; yet views read the row while it is being taken out of the tree.
+// Never destroyed: elements that outlive main() (held by a static, or by a plug-in unloaded at
+// exit) still pass through here after the function statics are gone.
 QSet<const Element *> &dyingElements()
 {
-    static QSet<const Element *> elements;
-    return elements;
+    static auto *elements = new QSet<const Element *>;
+    return *elements;
 }
 
 } // namespace

@@ -4,35 +4,50 @@
 #include "element/elementmodel.h"
 #include "element/elementroottreenode.h"
 #include "plugin/module.h"
+#include "treenode/treenodemodel.h"
 
-#include <QHash>
 #include <QSet>
+
+#include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace {
 
 // loadTreeFromList only empties the root; nodes deeper down still hang under the parents of
-// the previous build and would be listed twice. Each old parent is emptied of the listed nodes
-// in one pass over its children, so a wide container costs linear, not quadratic, time.
+// the previous build and would be listed twice. The listed nodes are grouped by old parent
+// (a sort of pointer pairs, cheaper than hashing every node), and each parent loses them in
+// as few removals as possible: all its children at once when all are listed, which is what a
+// rebuild from the same modules meets everywhere.
 void detachListed(const QList<TreeNode *> &nodes, const TreeNode *root)
 {
-    QSet<TreeNode *> listed;
-    QList<TreeNode *> parents;
+    std::vector<std::pair<TreeNode *, TreeNode *>> byParent; // (old parent, node)
+    byParent.reserve(nodes.size());
     for (TreeNode *node : nodes) {
         TreeNode *parent = node->parentNode();
-        if (!parent || parent == root)
-            continue;
-        if (listed.isEmpty())
-            listed.reserve(nodes.size());
-        listed.insert(node);
-        parents.append(parent);
+        if (parent && parent != root)
+            byParent.emplace_back(parent, node);
     }
-    if (listed.isEmpty())
-        return;
-    QSet<TreeNode *> done;
-    for (TreeNode *parent : qAsConst(parents)) {
-        if (done.contains(parent))
+    std::sort(byParent.begin(), byParent.end());
+    // A node that two modules list is taken off once.
+    byParent.erase(std::unique(byParent.begin(), byParent.end()), byParent.end());
+
+    QSet<TreeNode *> listed;
+    for (auto group = byParent.begin(); group != byParent.end();) {
+        TreeNode *parent = group->first;
+        auto groupEnd = group;
+        while (groupEnd != byParent.end() && groupEnd->first == parent)
+            ++groupEnd;
+        const int count = int(groupEnd - group);
+        if (count == parent->childNodesCount()) {
+            parent->removeAt(0, count);
+            group = groupEnd;
             continue;
-        done.insert(parent);
+        }
+        listed.clear();
+        for (auto it = group; it != groupEnd; ++it)
+            listed.insert(it->second);
+        group = groupEnd;
         // Back to front, so that positions still to visit stay valid; adjacent listed children
         // go in one removal.
         const QList<TreeNode *> children = parent->childNodes();
@@ -50,6 +65,53 @@ void detachListed(const QList<TreeNode *> &nodes, const TreeNode *root)
         }
     }
 }
+
+// While the tree is rebuilt the model is inside its reset and learns everything from its end;
+// following each of the rebuild's insertions and removals row by row would only cost time.
+// The model's other connections to the root (data changes) and the container's own
+// (current and expand requests) stay.
+class StructureMute
+{
+public:
+    StructureMute(TreeNode *root, TreeNodeModel *model)
+        : _root(root)
+        , _model(model)
+    {
+        _aboutToInsert = QObject::disconnect(root, &TreeNode::nodesAboutToBeInserted, model,
+                                             &TreeNodeModel::nodesAboutToBeInserted);
+        _inserted = QObject::disconnect(root, &TreeNode::nodesInserted, model,
+                                        &TreeNodeModel::nodesInserted);
+        _aboutToRemove = QObject::disconnect(root, &TreeNode::nodesAboutToBeRemoved, model,
+                                             &TreeNodeModel::nodesAboutToBeRemoved);
+        _removed = QObject::disconnect(root, &TreeNode::nodesRemoved, model,
+                                       &TreeNodeModel::nodesRemoved);
+    }
+    ~StructureMute()
+    {
+        // Only what was there is put back, so no connection is ever doubled.
+        if (_aboutToInsert)
+            QObject::connect(_root, &TreeNode::nodesAboutToBeInserted, _model,
+                             &TreeNodeModel::nodesAboutToBeInserted);
+        if (_inserted)
+            QObject::connect(_root, &TreeNode::nodesInserted, _model,
+                             &TreeNodeModel::nodesInserted);
+        if (_aboutToRemove)
+            QObject::connect(_root, &TreeNode::nodesAboutToBeRemoved, _model,
+                             &TreeNodeModel::nodesAboutToBeRemoved);
+        if (_removed)
+            QObject::connect(_root, &TreeNode::nodesRemoved, _model, &TreeNodeModel::nodesRemoved);
+    }
+    StructureMute(const StructureMute &) = delete;
+    StructureMute &operator=(const StructureMute &) = delete;
+
+private:
+    TreeNode *_root;
+    TreeNodeModel *_model;
+    bool _aboutToInsert;
+    bool _inserted;
+    bool _aboutToRemove;
+    bool _removed;
+};
 
 } // namespace
 
@@ -85,8 +147,11 @@ void ElementContainer::pluginContainerReset(const TreeNode *pluginRoot)
                 elementNodes.append(element);
         }
     }
-    detachListed(elementNodes, _rootNode);
-    _rootNode->loadTreeFromList(elementNodes);
+    {
+        const StructureMute mute(_rootNode, _treeNodeModel);
+        detachListed(elementNodes, _rootNode);
+        _rootNode->loadTreeFromList(elementNodes);
+    }
     _treeNodeModel->nodesReset();
 
     // A copy: a module may change the tree while it reads.

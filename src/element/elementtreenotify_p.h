@@ -11,7 +11,9 @@ namespace ElementTreeNotify {
 // at which a module hears about its elements entering or leaving a tree.
 inline void notify(const QList<TreeNode *> &nodes, OperationType operation)
 {
-    for (TreeNode *node : nodes) {
+    // A copy: the list may be the module's own, which it is free to change while it is told.
+    const QList<TreeNode *> told = nodes;
+    for (TreeNode *node : told) {
         if (auto *element = qobject_cast<Element *>(node))
             element->module().performOperation(element, operation, nullptr, 0);
     }

@@ -17,8 +17,7 @@ private Q_SLOTS:
     void importFromKeepsTypedFields();
     void setState_data();
     void setState();
-    void changeDisplayCopies();
-    void serviceLightCopies();
+    void typedFieldsCopy();
     void serviceHeavyCopiesLeaveDataOut();
     void serviceConfigureHeavyCopies();
     void selfAssignmentKeepsEverything();
@@ -56,13 +55,8 @@ void TstElementData::importFrom_data()
         << Map {{"name", "new"}, {"user", "alice"}};
     QTest::newRow("value types follow the source")
         << Map {{"state", "unknown"}} << Map {{"state", true}} << Map {{"state", true}};
-    QTest::newRow("empty template accepts nothing") << Map() << Map {{"name", "x"}} << Map();
-    QTest::newRow("empty source changes nothing")
-        << Map {{"name", "x"}} << Map() << Map {{"name", "x"}};
     QTest::newRow("keys are case-sensitive")
         << Map {{"Name", "a"}} << Map {{"name", "b"}} << Map {{"Name", "a"}};
-    QTest::newRow("an invalid value is copied too")
-        << Map {{"name", "a"}} << Map {{"name", QVariant()}} << Map {{"name", QVariant()}};
 }
 
 void TstElementData::importFrom()
@@ -116,8 +110,6 @@ void TstElementData::setState()
     QFETCH(QString, expected);
 
     ServiceLightElementData data;
-    QCOMPARE(data.state(), false);
-    QCOMPARE(data.textState(), QString());
     data.setState(state, text);
     QCOMPARE(data.state(), state);
     QCOMPARE(data.textState(), expected);
@@ -125,34 +117,22 @@ void TstElementData::setState()
     QVERIFY(data.isEmpty());
 }
 
-void TstElementData::changeDisplayCopies()
+void TstElementData::typedFieldsCopy()
 {
-    ChangeDisplayElementData source(3);
-    source.setName("list");
-    ChangeDisplayElementData copy(source);
-    QCOMPARE(copy.displayType(), 3);
-    QCOMPARE(copy.name(), QStringLiteral("list"));
-    ChangeDisplayElementData assigned;
-    QCOMPARE(assigned.displayType(), 0);
-    assigned = source;
-    QCOMPARE(assigned.displayType(), 3);
-    assigned.setDisplayType(1);
-    QCOMPARE(source.displayType(), 3);
-}
-
-void TstElementData::serviceLightCopies()
-{
-    ServiceLightElementData source;
-    source.setState(true, "up");
-    source.setName("ssh");
-    ServiceLightElementData copy(source);
-    ServiceLightElementData assigned;
-    assigned = source;
-    for (const ServiceLightElementData *data : {&copy, &assigned}) {
-        QCOMPARE(data->state(), true);
-        QCOMPARE(data->textState(), QStringLiteral("up"));
-        QCOMPARE(data->name(), QStringLiteral("ssh"));
+    ChangeDisplayElementData display(3);
+    display.setName("list");
+    ChangeDisplayElementData displayAssigned;
+    displayAssigned = display;
+    for (const auto &copy : {ChangeDisplayElementData(display), displayAssigned}) {
+        QCOMPARE(copy.displayType(), 3);
+        QCOMPARE(copy.name(), QStringLiteral("list"));
     }
+    ServiceLightElementData light;
+    light.setState(true, "up");
+    ServiceLightElementData lightAssigned;
+    lightAssigned = light;
+    for (const auto &copy : {ServiceLightElementData(light), lightAssigned})
+        QVERIFY(copy.state() && copy.textState() == QStringLiteral("up"));
 }
 
 void TstElementData::serviceHeavyCopiesLeaveDataOut()
@@ -167,17 +147,16 @@ void TstElementData::serviceHeavyCopiesLeaveDataOut()
 
     ServiceHeavyElementData copy(source);
     QVERIFY(copy.data().isEmpty());
-    QCOMPARE(copy.configData(), source.configData());
-    QCOMPARE(copy.configFile(), source.configFile());
-    QCOMPARE(copy.state(), true);
-    QCOMPARE(copy.name(), QStringLiteral("nginx"));
-
     ServiceHeavyElementData assigned;
     assigned.data() << "own";
     assigned = source;
     QCOMPARE(assigned.data(), QStringList {"own"});
-    QCOMPARE(assigned.configFile(), source.configFile());
-    QCOMPARE(assigned.textState(), source.textState());
+    for (const ServiceHeavyElementData *data : {&copy, &assigned}) {
+        QCOMPARE(data->configData(), source.configData());
+        QCOMPARE(data->configFile(), source.configFile());
+        QCOMPARE(data->textState(), source.textState());
+        QCOMPARE(data->name(), QStringLiteral("nginx"));
+    }
 }
 
 void TstElementData::serviceConfigureHeavyCopies()
@@ -225,12 +204,6 @@ void TstElementData::selfAssignmentKeepsEverything()
     configure = alias;
     QCOMPARE(configure.incompatibleModes(), QSet<QString> {"x"});
     QCOMPARE(configure.user(), QStringLiteral("u"));
-
-    ServiceHeavyElementData heavy;
-    heavy.data() << "kept";
-    auto &heavyAlias = heavy;
-    heavy = heavyAlias;
-    QCOMPARE(heavy.data(), QStringList {"kept"});
 }
 
 QTEST_GUILESS_MAIN(TstElementData)

@@ -10,12 +10,10 @@
 #include "element/supplementloginmixin.h"
 #include "plugin/module.h"
 #include "signalrecorder.h"
-#include "treestring.h"
 
 #include <QDir>
 #include <QFile>
 #include <QImage>
-#include <QPointer>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -139,7 +137,6 @@ private Q_SLOTS:
     void serviceIcon_data();
     void serviceIcon();
     void loginRecordStartsEmpty();
-    void moduleResetsOnlyContainers();
 
 private:
     QTemporaryDir _themes;
@@ -223,10 +220,10 @@ void tst_ElementKinds::routing_data()
     QTest::addColumn<bool>("editable");
     QTest::addColumn<QStringList>("forwarded");
 
+    const QStringList login {"e:8", "e:20", "e:20000", "e:40000"};
     QTest::newRow("login forwards reading and both login operations, not create")
-        << "login" << true << QStringList {"e:8", "e:20", "e:20000", "e:40000"};
-    QTest::newRow("login, not editable: the same")
-        << "login" << false << QStringList {"e:8", "e:20", "e:20000", "e:40000"};
+        << "login" << true << login;
+    QTest::newRow("login, not editable: the same") << "login" << false << login;
     QTest::newRow("container forwards create and content, not change display")
         << "container" << true << QStringList {"e:4", "e:8"};
     QTest::newRow("container, not editable, still forwards create")
@@ -392,8 +389,6 @@ void tst_ElementKinds::serviceIcon_data()
         << "service" << true << QString() << QString();
     QTest::newRow("running") << "service" << true << "started"
                              << "media-playback-start";
-    QTest::newRow("stopped") << "service" << false << "stopped"
-                             << "media-playback-stop";
     QTest::newRow("own text still decides by state") << "service" << false << "masked"
                                                      << "media-playback-stop";
     QTest::newRow("a record that is no service record: empty icon")
@@ -420,47 +415,16 @@ void tst_ElementKinds::serviceIcon()
         service.setElementData(record == QLatin1String("plain") ? new ElementData : nullptr);
     }
 
-    const QIcon shown = service.data(0, Qt::DecorationRole).value<QIcon>();
-    QCOMPARE(shown.name(), icon);
-    QCOMPARE(service.data(0, Qt::DisplayRole).toString(), QStringLiteral("sshd"));
-    // Made once: every service shares the same two icons.
-    QCOMPARE(ServiceElement::startIcon().cacheKey(), ServiceElement::startIcon().cacheKey());
-    QCOMPARE(ServiceElement::stopIcon().cacheKey(), ServiceElement::stopIcon().cacheKey());
+    QCOMPARE(service.data(0, Qt::DecorationRole).value<QIcon>().name(), icon);
 }
 
 void tst_ElementKinds::loginRecordStartsEmpty()
 {
     LogModule module;
     Login login(module, QStringLiteral("alice"), true);
-    QCOMPARE(login.elementData()->keys(),
-             (QStringList {QStringLiteral("isLogin"), QStringLiteral("user")}));
-    QCOMPARE(login.elementData()->value(QStringLiteral("user")), QVariant(QString()));
-    QCOMPARE(login.elementData()->value(QStringLiteral("isLogin")), QVariant(false));
-}
-
-void tst_ElementKinds::moduleResetsOnlyContainers()
-{
-    // Given a module with a read container and an ordinary element with a child
-    auto *module = new LogModule;
-    auto *container = new DisplayContainer(*module, QStringLiteral("c"), true);
-    auto *ordinary = new Ordinary(*module, QStringLiteral("o"), true);
-    module->elementNodes() << container << ordinary;
-    container->fetchMore();
-    auto *read = new Ordinary(*module, QStringLiteral("read"), true);
-    QPointer<Ordinary> watched(read);
-    container->append(read);
-    auto *kept = new Ordinary(*module, QStringLiteral("kept"), true);
-    ordinary->append(kept);
-
-    // When it resets its containers
-    module->resetConteinerElement();
-
-    // Then only the container's children are gone, and it reads again when asked
-    QVERIFY(watched.isNull());
-    QCOMPARE(OvtTest::treeToString(container), QStringLiteral("[]"));
-    QCOMPARE(OvtTest::treeToString(ordinary), QStringLiteral("[kept]"));
-    QVERIFY(container->canFetchMore());
-    delete module;
+    QCOMPARE(*login.elementData(),
+             (ElementData::QMap {{QStringLiteral("user"), QString()},
+                                 {QStringLiteral("isLogin"), false}}));
 }
 
 QTEST_MAIN(tst_ElementKinds)
