@@ -283,7 +283,8 @@ void TstTreeNode::loadTreeFromList_data()
     // input: depth:expectedParentId:id, in input order.
     columns({"input", "expectedTree", "expectedAfterLoad", "leftOut"});
     row("siblings sorted by id whatever the input order", "1::b 1::a; [a b]; a b;");
-    row("id order is case-sensitive", "1::b 1::a 1::B; [B a b]; B a b;");
+    row("id order is case-sensitive, then by length",
+        "1::b 1::ab 1::a 1::B; [B a ab b]; B a ab b;");
     row("children under their parents, attached by depth then id",
         "2:b:b1 2:a:a2 1::b 2:a:a1 1::a 3:a1:a11; [a[a1[a11] a2] b[b1]]; a b a1 a2 b1 a11;");
     row("unknown parent id is left out", "1::a 2:zz:x 2:a:a1; [a[a1]]; a a1; x");
