@@ -294,7 +294,9 @@ void TreeNodeModel::nodesRemoved()
 
 void TreeNodeModel::nodeDataChanged(TreeNode *node)
 {
-    if (!_rootNode)
+    // Without columns there is no cell to announce, and a change ending at column -1 would
+    // be an invalid notification.
+    if (!_rootNode || columnCount() < 1)
         return;
     const QModelIndex first = treeNodeToIndex(node);
     if (!first.isValid())
@@ -304,7 +306,7 @@ void TreeNodeModel::nodeDataChanged(TreeNode *node)
 
 void TreeNodeModel::nodeChildsDataChanged(TreeNode *node)
 {
-    if (!_rootNode)
+    if (!_rootNode || columnCount() < 1)
         return;
     const int rows
         = node->childNodesCount() + (node == _rootNode ? _extraRootChildNodes.size() : 0);

@@ -64,7 +64,6 @@ private Q_SLOTS:
     void setters();
     void filterProxies_data();
     void filterProxies();
-    void filterProxiesFollowTheState();
     void treeChanges_data();
     void treeChanges();
     void nodesThroughChoiceProxies();
@@ -410,22 +409,6 @@ void TstChoiceProxies::filterProxies()
     QCOMPARE(modelToString(_unchecked), showUnchecked);
     QCOMPARE(modelToString(_filterChecked), filterChecked);
     QCOMPARE(modelToString(_filterUnchecked), filterUnchecked);
-}
-
-void TstChoiceProxies::filterProxiesFollowTheState()
-{
-    setUp("a[a1 a2] b");
-    _choice->setCheckedNames({"a"});
-    QCOMPARE(modelToString(_checked), QStringLiteral("[a]"));
-
-    // Ticks by the user reach the proxies through data changes, not resets.
-    QVERIFY(_choice->setData(choiceIndex("a2"), true, ChoiceRole));
-    QVERIFY(_choice->setData(choiceIndex("b"), true, ChoiceRole));
-    QCOMPARE(modelToString(_checked), QStringLiteral("[a[a2] b]"));
-    QCOMPARE(modelToString(_unchecked), QStringLiteral("[]"));
-    QVERIFY(_choice->setData(choiceIndex("a"), false, ChoiceRole));
-    QCOMPARE(modelToString(_checked), QStringLiteral("[b]"));
-    QCOMPARE(modelToString(_filterUnchecked), QStringLiteral("[a[a1]]"));
 }
 
 void TstChoiceProxies::treeChanges_data()
