@@ -144,7 +144,7 @@ QByteArray OrvelSecurityMonitorHelper::call(const QStringList &arguments, int ti
     return process.readAllStandardOutput();
 }
 
-QMultiMap<SwitchGroup, SwitchWidget *> OrvelSecurityMonitorHelper::switches()
+QMap<SwitchGroup, SwitchWidget *> OrvelSecurityMonitorHelper::switches()
 {
     delete _builder;
     _builder = new SwitchWidgetBuilder;

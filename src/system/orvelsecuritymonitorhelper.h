@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QMap>
 #include <QMultiMap>
 #include <QStringList>
 
@@ -41,9 +42,10 @@ public:
     /**
      * Asks the tool for its switches and builds new widgets for them (owned by the caller). Within
      * a group the widgets come in the reverse of the tool's order; Console comes before System.
-     * Throws std::runtime_error on any failure; no widget outlives a failed call.
+     * Throws std::runtime_error on any failure; no widget outlives a failed call. The map holds
+     * several widgets per group (build a QMultiMap from it to look them up).
      */
-    QMultiMap<SwitchGroup, SwitchWidget *> switches();
+    QMap<SwitchGroup, SwitchWidget *> switches();
 
     /** Replaces the stored widgets by switches(); on failure they stay and the error propagates. */
     void reloadSwitches();

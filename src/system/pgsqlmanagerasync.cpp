@@ -22,6 +22,9 @@ PgsqlManagerAsync::~PgsqlManagerAsync()
 
 void PgsqlManagerAsync::startReadClusters()
 {
+    // Two runs at once would delete and fill the same cluster list from two threads; a run
+    // still in progress is finished first.
+    _watcher.waitForFinished();
     _watcher.setFuture(QtConcurrent::run(QThreadPool::globalInstance(), this,
                                          &PgsqlManagerAsync::performReadClusters));
 }

@@ -17,7 +17,7 @@ class PgsqlCluster;
  * (then with the clusters read before the failure, usually none). A failure is reported first
  * by exceptionArise(), which is emitted from the pool thread: connect to it with a queued
  * connection (AppException is a registered meta-type) or with a receiver that accepts calls
- * from another thread. One run at a time is expected; a second start replaces the watched run.
+ * from another thread. A second start waits for the run in progress and then watches the new one.
  */
 class OVTCOMMON_EXPORT PgsqlManagerAsync : public QObject
 {
@@ -28,6 +28,7 @@ public:
     /** Waits for a run still in progress. */
     ~PgsqlManagerAsync() override;
 
+    /** Starts a run on the global thread pool, after waiting for one still in progress. */
     void startReadClusters();
 
 signals:
