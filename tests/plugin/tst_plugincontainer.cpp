@@ -11,11 +11,13 @@
 #include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QDirIterator>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPluginLoader>
 #include <QPointer>
+#include <QPushButton>
 #include <QSettings>
 #include <QTabWidget>
 #include <QTemporaryDir>
@@ -71,18 +73,27 @@ void row(const char *name, const QString &fields)
         data << field.trimmed();
 }
 
-// Closes the next message box that becomes modal and hands back its text.
-void closeNextMessageBox(QString *text)
+// Hands the next modal dialog of type T to @p answer once it shows.
+template<typename T, typename Answer> void answerNext(Answer answer)
 {
     auto *timer = new QTimer;
-    QObject::connect(timer, &QTimer::timeout, [timer, text] {
-        if (auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) {
-            *text = box->text();
-            box->close();
+    QObject::connect(timer, &QTimer::timeout, [timer, answer] {
+        if (auto *dialog = qobject_cast<T *>(QApplication::activeModalWidget())) {
+            timer->stop();
             timer->deleteLater();
+            answer(dialog);
         }
     });
     timer->start(10);
+}
+
+PluginDialog *shownPluginDialog(PluginContainer *container)
+{
+    container->showPluginDialog();
+    for (QWidget *widget : QApplication::topLevelWidgets())
+        if (auto *dialog = qobject_cast<PluginDialog *>(widget); dialog && dialog->isVisible())
+            return dialog;
+    return nullptr;
 }
 
 } // namespace
@@ -105,6 +116,8 @@ private Q_SLOTS:
     void brokenFilesNeverCrash();
     void pluginModelRows_data();
     void pluginModelRows();
+    void changePath_data();
+    void changePath();
     void dialogFormAndPicture();
 
 private:
@@ -242,7 +255,10 @@ void tst_PluginContainer::signalSequence()
     dir = dir == "fixtures" ? fixtureDir : dir == "empty" ? empty.path() : missing;
     QString message;
     if (dir == missing)
-        closeNextMessageBox(&message);
+        answerNext<QMessageBox>([&message](QMessageBox *box) {
+            message = box->text();
+            box->close();
+        });
 
     _container->loadPlugins(dir);
     QList<QPointer<Module>> first;
@@ -430,12 +446,48 @@ void tst_PluginContainer::pluginModelRows()
     QCOMPARE(rows.join(' '), modules);
 }
 
+void tst_PluginContainer::changePath_data()
+{
+    QTest::addColumn<QString>("answer");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("another directory reloads") << "sub"
+                                               << "about about reset reset";
+    QTest::newRow("the current directory again does not reload") << ""
+                                                                 << "";
+    QTest::newRow("cancelled") << "cancel"
+                               << "";
+}
+
+void tst_PluginContainer::changePath()
+{
+    QFETCH(QString, answer);
+    QFETCH(QString, expected);
+    _container->loadPlugins(fixtureDir);
+    PluginDialog *dialog = shownPluginDialog(_container.get());
+    QVERIFY(dialog);
+    _signals.clear();
+
+    const QString path = answer == "sub" ? fixtureDir + "/sub" : fixtureDir;
+    answerNext<QFileDialog>([answer, path](QFileDialog *files) {
+        files->setDirectory(path);
+        if (answer == "cancel")
+            files->reject();
+        else
+            QMetaObject::invokeMethod(files, "accept"); // protected in QFileDialog
+    });
+    dialog->findChild<QPushButton *>("_changePushButton")->click();
+
+    QCOMPARE(_signals.join(' '), expected);
+    QCOMPARE(_container->pluginPath(), path);
+    QCOMPARE(dialog->findChild<QLineEdit *>("_pathLineEdit")->text(), path);
+    dialog->close();
+}
+
 void tst_PluginContainer::dialogFormAndPicture()
 {
     QSettings().remove("pluginDialog");
     _container->loadPlugins(fixtureDir);
-    _container->showPluginDialog();
-    auto *dialog = qobject_cast<PluginDialog *>(QApplication::topLevelWidgets().value(0));
+    PluginDialog *dialog = shownPluginDialog(_container.get());
     QVERIFY(dialog);
     QVERIFY(QTest::qWaitForWindowExposed(dialog));
     QCOMPARE(dialog->findChild<QLineEdit *>("_pathLineEdit")->toolTip(), fixtureDir);
