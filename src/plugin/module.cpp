@@ -8,9 +8,11 @@
 #include "widgets/listelementwidget.h"
 #include "widgets/vieweditelementwidget.h"
 
+#include <QPointer>
 #include <QSettings>
 
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -50,12 +52,16 @@ Module::~Module()
     _moduleData = nullptr;
     // Children go while the object is still a Module, so that elements leaving their trees
     // can still tell it.
-    const QObjectList children = this->children();
-    for (QObject *child : children)
-        delete child;
+    // Guarded: a child's destructor may delete a sibling that the copy still lists.
+    QList<QPointer<QObject>> children;
+    for (QObject *child : this->children())
+        children.append(child);
+    for (const QPointer<QObject> &child : qAsConst(children))
+        delete child.data();
     _elementNodes.clear();
-    qDeleteAll(_elementWidgets);
-    _elementWidgets.clear();
+    // Taken out first, so that the widgets' destroyed() finds nothing left to forget.
+    const QMap<QString, ElementWidget *> widgets = std::exchange(_elementWidgets, {});
+    qDeleteAll(widgets);
     _elementActions.clear();
 }
 
@@ -197,6 +203,12 @@ void Module::insertElementWidget(ElementWidget *widget)
     if (type == ContextOperation::undefinedElementType || _elementWidgets.contains(type))
         return;
     _elementWidgets.insert(type, widget);
+    // A view may take the widget into its own hierarchy and delete it first (a tool's main
+    // window going before its plug-ins); the module must then forget it, not delete it again.
+    connect(widget, &QObject::destroyed, this, [this, type](QObject *object) {
+        if (_elementWidgets.value(type) == object)
+            _elementWidgets.remove(type);
+    });
 }
 
 void Module::connectElementWidgets()

@@ -70,7 +70,8 @@ public:
 
     /**
      * Registers @p widget (now owned) under its element type. Null widgets, widgets of the
-     * undefined type and second widgets of a registered type are ignored.
+     * undefined type and second widgets of a registered type are ignored (and stay the
+     * caller's). A registered widget deleted elsewhere is forgotten.
      */
     void insertElementWidget(ElementWidget *widget);
     /** Relays the registered widgets' contentChanged and context-menu requests. */

@@ -15,12 +15,15 @@
 #include <QMessageBox>
 #include <QPluginLoader>
 
+#include <utility>
+
 PluginContainer::PluginContainer(QObject *parent)
     : NodeContainer(parent)
     , _availableOperationsClass(0)
     , _parentWidget(qobject_cast<QWidget *>(parent))
     , _pluginModel(nullptr)
     , _pluginDialog(nullptr)
+    , _loadGeneration(0)
 {
     // The order matters: the dialog shows both models, and the plug-in model must be
     // connected to the reset signals before anybody else loads.
@@ -44,6 +47,17 @@ void PluginContainer::loadPlugins(const QString &path)
     emit nodeContainerAboutToBeReset();
     unloadPlugins();
     _pluginPath = path;
+    // Each processEvents() below may run a slot that loads or unloads again (the dialog's
+    // "Change" button does); that call deletes the loaders and plug-ins this loop holds and
+    // owns the container from then on, so this loop stops at once without touching them.
+    // Listeners still get one reset for this call's about-to-be-reset.
+    const quint64 generation = _loadGeneration;
+    const auto superseded = [this, generation] {
+        if (_loadGeneration == generation)
+            return false;
+        emit nodeContainerReset(_rootNode);
+        return true;
+    };
 
     if (!QDir(path).exists()) {
         // The caller set a wait cursor for the load; the message must not show it.
@@ -59,11 +73,13 @@ void PluginContainer::loadPlugins(const QString &path)
     while (it.hasNext()) {
         const QString filePath = QFileInfo(it.next()).absoluteFilePath();
         QCoreApplication::processEvents();
+        if (superseded())
+            return;
 
         auto *loader = new QPluginLoader(filePath, this);
         loader->setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
         _plugins.append(PluginEntry(loader, nullptr));
-        PluginEntry &entry = _plugins.last();
+        const int entry = _plugins.size() - 1;
 
         // Checked before loading, so that foreign libraries never run any code here.
         if (loader->metaData().value(QStringLiteral("IID")).toString() != iid)
@@ -86,23 +102,25 @@ void PluginContainer::loadPlugins(const QString &path)
                           .arg(packages.join(QStringLiteral(", ")));
             record->setErrorDescription(error);
             record->setAvailable(false);
-            entry.second = record;
+            _plugins[entry].second = record;
             plugin->setParent(loader);
             loader->unload();
             continue;
         }
 
         if (plugin->modules().isEmpty()) {
-            entry.second = new SimplePlugin(plugin->name(), plugin->description());
+            _plugins[entry].second = new SimplePlugin(plugin->name(), plugin->description());
             loader->unload();
             continue;
         }
 
-        entry.second = plugin;
+        _plugins[entry].second = plugin;
         plugin->setParent(loader);
         const QList<TreeNode *> pluginModules = plugin->modules();
         for (TreeNode *node : pluginModules) {
             QCoreApplication::processEvents();
+            if (superseded())
+                return;
             auto *module = qobject_cast<Module *>(node);
             if (!module)
                 continue;
@@ -125,13 +143,16 @@ void PluginContainer::loadPlugins(const QString &path)
 
 void PluginContainer::unloadPlugins()
 {
+    ++_loadGeneration;
     emit nodeContainerAboutToBeReset();
     _availableOperationsClass = 0;
     _pluginPath.clear();
     _modules.clear();
     _rootNode->clear();
 
-    for (const PluginEntry &entry : qAsConst(_plugins)) {
+    // Taken out first: a plug-in's destructor must not find half-deleted entries.
+    const QList<PluginEntry> plugins = std::exchange(_plugins, QList<PluginEntry>());
+    for (const PluginEntry &entry : plugins) {
         if (entry.second) {
             if (!entry.second->modules().isEmpty())
                 entry.first->unload();
@@ -140,7 +161,6 @@ void PluginContainer::unloadPlugins()
         }
         delete entry.first;
     }
-    _plugins.clear();
     emit nodeContainerReset(_rootNode);
 }
 

@@ -40,6 +40,10 @@ public:
      * included. A missing directory is reported in a critical message box and loads nothing.
      * Listeners see nodeContainerAboutToBeReset() twice and nodeContainerReset() once before
      * anything is loaded, then one final nodeContainerReset() unless the directory is missing.
+     *
+     * A load or unload started from the event loop while this one runs (the plug-in dialog
+     * reloads when the user picks another directory) supersedes it: this call then returns at
+     * once and leaves the container as the newer call made it.
      */
     void loadPlugins(const QString &path);
     /** Unloads every plug-in and empties the module tree (modules detached, not deleted). */
@@ -68,4 +72,5 @@ private:
     QList<Module *> _modules; // owned by their plug-ins
     PluginModel *_pluginModel; // child
     PluginDialog *_pluginDialog; // owned by the parent widget if any, else by the container
+    quint64 _loadGeneration; // bumped by every unload; a load that sees it change stops
 };

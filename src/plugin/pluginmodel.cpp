@@ -5,7 +5,6 @@
 #include "plugin/simpleplugin.h"
 #include "treenode/treenode.h"
 
-#include <QFileInfo>
 #include <QIcon>
 #include <QPluginLoader>
 
@@ -35,15 +34,13 @@ QModelIndex PluginModel::ObjectToIndex(QObject *object) const
 {
     if (!object)
         return QModelIndex();
+    auto *node = qobject_cast<TreeNode *>(object);
     const QList<PluginContainer::PluginEntry> &plugins = _pluginContainer->plugins();
     for (int row = 0; row < plugins.size(); ++row) {
         Plugin *plugin = plugins.at(row).second;
         if (plugin == object || plugins.at(row).first == object)
             return createIndex(row, 0, nullptr);
-        if (!plugin)
-            continue;
-        auto *node = qobject_cast<TreeNode *>(object);
-        const int moduleRow = node ? plugin->modules().indexOf(node) : -1;
+        const int moduleRow = plugin && node ? plugin->modules().indexOf(node) : -1;
         if (moduleRow >= 0)
             return createIndex(moduleRow, 0, plugin);
     }
@@ -128,7 +125,7 @@ QVariant PluginModel::data(const QModelIndex &index, int role) const
     Plugin *plugin = entry.second;
     auto *record = qobject_cast<SimplePlugin *>(plugin);
     const bool failed = !plugin || (record && !record->available());
-    const QString fileName = QFileInfo(loader->fileName()).fileName();
+    const QString fileName = loader->fileName();
 
     if (index.column() == 0) {
         switch (role) {

@@ -23,6 +23,13 @@ public:
     ElementWidget(Module &module, bool (*isEditable)(const Module &), QWidget *parent = nullptr);
     ~ElementWidget() override;
 
+    Element *element() const;
+    ElementWidgetRole role() const;
+    QString supplementElementWidgetType() const;
+    /** Orders widgets by priority, for sorting. */
+    static bool priorityLessThen(const ElementWidget *a, const ElementWidget *b);
+
+public Q_SLOTS:
     /** None in the base. */
     OperationType availableOperations() const override;
     /** Does nothing in the base. */
@@ -35,12 +42,6 @@ public:
     virtual void read();
     /** The element's caption, or empty without an element. */
     QString caption() const override;
-
-    Element *element() const;
-    ElementWidgetRole role() const;
-    QString supplementElementWidgetType() const;
-    /** Orders widgets by priority, for sorting. */
-    static bool priorityLessThen(const ElementWidget *a, const ElementWidget *b);
 
 Q_SIGNALS:
     void elementContextOperationChanged(Element *element);

@@ -1,9 +1,11 @@
 #include "listelementwidget.h"
 
+#include "element/elementmodel.h"
+
 ListElementWidget::ListElementWidget(const QString &elementType, Module &module,
                                      bool (*isEditable)(const Module &), QWidget *parent)
     : ElementWidget(module, isEditable, parent)
-    , _elementModel(nullptr)
+    , _elementModel(new ElementModel(this))
     , _proxyModel(nullptr)
 {
     _elementType = elementType;

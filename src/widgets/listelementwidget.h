@@ -7,7 +7,8 @@ class ListWidgetProxyModel;
 
 /**
  * Base of the widgets that list the children of an element. Its element type is given to the
- * constructor; subclasses create the sort/filter proxy that their view shows.
+ * constructor, which also creates the element model (owned by the widget); subclasses create
+ * the sort/filter proxy that their view shows.
  */
 class OVTCOMMON_EXPORT ListElementWidget : public ElementWidget
 {

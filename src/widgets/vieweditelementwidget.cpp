@@ -69,9 +69,10 @@ void ViewEditElementWidget::afterSuccessfulImport(ElementData *)
     changeContent();
 }
 
-void ViewEditElementWidget::afterSuccessfulCreate()
+void ViewEditElementWidget::afterSuccessfulUpdate() const
 {
-    afterSuccessfulUpdate();
+    // Widgets are never const objects; the const only tells this slot from its twin.
+    const_cast<ViewEditElementWidget *>(this)->afterSuccessfulUpdate();
 }
 
 void ViewEditElementWidget::applyContentChanges()
@@ -96,9 +97,9 @@ void ViewEditElementWidget::reset()
     blockEditWidget(true);
 }
 
-bool ViewEditElementWidget::isCreateContentValid() const
+bool ViewEditElementWidget::isContentValid()
 {
-    return isContentValid();
+    return qAsConst(*this).isContentValid();
 }
 
 void ViewEditElementWidget::blockEditWidget(bool block)

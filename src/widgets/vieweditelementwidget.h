@@ -19,36 +19,6 @@ public:
                           QWidget *parent = nullptr);
     ~ViewEditElementWidget() override;
 
-    /** CreateOperation only. */
-    OperationType availableOperations() const override;
-    /** CreateOperation goes to the module with this form as context and exportElementData(). */
-    void performOperation(OperationType operation, ElementData *data, int alternative) override;
-    /** Rebinds and resets the form; nothing happens for the current element and role. */
-    void setElement(Element *element, ElementWidgetRole role) override;
-    /** In ViewEditRole, asks the element to read its properties when it offers that. */
-    void read() override;
-
-    /** Called after a successful update task; does nothing here. */
-    virtual void afterSuccessfulUpdate();
-    /** A new record describing the form's content (caller owns it); null here. */
-    virtual ElementData *exportElementData() const;
-    /** Unblocks the form; marks it unchanged when @p element is still the one shown. */
-    virtual void afterSuccessfulRead(Element *element, ElementData *data);
-    /** Imported data counts as an unsaved edit. */
-    virtual void afterSuccessfulImport(ElementData *data);
-    /** Called after a successful create task; calls afterSuccessfulUpdate() here. */
-    virtual void afterSuccessfulCreate();
-    /** Creates (without element) or updates (with element) from the form's content. */
-    virtual void applyContentChanges();
-    /** Whether the form's content may be applied; true here. */
-    virtual bool isContentValid() const;
-    /** Clears the changed state and blocks editing until data arrives. */
-    virtual void reset();
-    /** Whether the content may be used to create an element; isContentValid() here. */
-    virtual bool isCreateContentValid() const;
-    /** Disables or enables the form; a non-editable module keeps it disabled in ViewEditRole. */
-    virtual void blockEditWidget(bool block);
-
     /** If changed or in CreateRole: clears the changed state and emits contentChanged(0). */
     void setUnchanged();
     bool isChanged() const;
@@ -64,6 +34,45 @@ public:
     void linkExternalElements();
 
 public Q_SLOTS:
+    /** CreateOperation only. */
+    OperationType availableOperations() const override;
+    /** CreateOperation goes to the module with this form as context and exportElementData(). */
+    void performOperation(OperationType operation, ElementData *data, int alternative) override;
+    /** Rebinds and resets the form; nothing happens for the current element and role. */
+    void setElement(Element *element, ElementWidgetRole role) override;
+    /** In ViewEditRole, asks the element to read its properties when it offers that. */
+    void read() override;
+
+    /*
+     * The slots below come in the order of their virtual-table slots, which plug-ins are built
+     * against. afterSuccessfulUpdate() and isContentValid() each hold two slots that share one
+     * implementation; two functions of one name and signature cannot both be declared, so the
+     * second of each pair differs from the first only in the constness of this. Override the
+     * first of each pair (the non-const afterSuccessfulUpdate(), the const isContentValid()):
+     * the second one forwards to it, so either call reaches the override.
+     */
+
+    /** Called after a successful update or create task; does nothing here. */
+    virtual void afterSuccessfulUpdate();
+    /** A new record describing the form's content (caller owns it); null here. */
+    virtual ElementData *exportElementData() const;
+    /** Unblocks the form; marks it unchanged when @p element is still the one shown. */
+    virtual void afterSuccessfulRead(Element *element, ElementData *data);
+    /** Imported data counts as an unsaved edit. */
+    virtual void afterSuccessfulImport(ElementData *data);
+    /** The second slot of the pair: forwards to the non-const afterSuccessfulUpdate(). */
+    virtual void afterSuccessfulUpdate() const;
+    /** Creates (without element) or updates (with element) from the form's content. */
+    virtual void applyContentChanges();
+    /** Whether the form's content may be applied; true here. */
+    virtual bool isContentValid() const;
+    /** Clears the changed state and blocks editing until data arrives. */
+    virtual void reset();
+    /** The second slot of the pair: forwards to isContentValid() const. */
+    virtual bool isContentValid();
+    /** Disables or enables the form; a non-editable module keeps it disabled in ViewEditRole. */
+    virtual void blockEditWidget(bool block);
+
     /** Called by the form's editors: marks the form changed and reports validity. */
     void changeContent();
 
