@@ -1,55 +1,82 @@
 #pragma once
 
-#include <QObject>
-#include <QStringList>
+#include "treenode/treenode.h"
+#include "treestring.h"
 
-class QAbstractItemModel;
-class TreeNode;
+#include <QAbstractItemModel>
 
 namespace OvtTest {
 
 /**
- * Records the structural and data signals of a model as strings, in order, so that a test
- * compares whole sequences: "aboutToBeInserted(root,0,1)", "inserted(root,0,1)",
- * "dataChanged(a,0,b,1)", "aboutToBeReset", "reset", "layoutAboutToBeChanged",
- * "layoutChanged". Rows are named as in modelToString(); the invalid parent is "root".
- * Column signals are recorded as "aboutToBeInsertedColumns(...)" and so on.
+ * Records signals as strings, in order. Of a model: "aboutToBeInserted(a,0,1)",
+ * "removed(root,2,4)", "dataChanged(a,0,b,1)", "aboutToBeReset", "reset" (rows named as in
+ * modelToString()). Of a node and so of its whole tree: "aboutToBeInserted(a,0,1)",
+ * "inserted", "dataChanged(a1)", "childsDataChanged(a)", "setCurrent(a)", "expand(a)".
  */
-class ModelSignalRecorder : public QObject
+class SignalRecorder : public QObject
 {
-    Q_OBJECT
-
 public:
-    explicit ModelSignalRecorder(QAbstractItemModel *model, QObject *parent = nullptr);
+    explicit SignalRecorder(QAbstractItemModel *model, QObject *parent = nullptr)
+        : QObject(parent)
+    {
+        using M = QAbstractItemModel;
+        auto rows = [this](const char *name) {
+            return [=](const QModelIndex &at, int first, int last) {
+                add(name, indexName(at), first, last);
+            };
+        };
+        connect(model, &M::rowsAboutToBeInserted, this, rows("aboutToBeInserted"));
+        connect(model, &M::rowsInserted, this, rows("inserted"));
+        connect(model, &M::rowsAboutToBeRemoved, this, rows("aboutToBeRemoved"));
+        connect(model, &M::rowsRemoved, this, rows("removed"));
+        connect(model, &M::dataChanged, this, [this](const QModelIndex &a, const QModelIndex &b) {
+            add("dataChanged", indexName(a), a.column(), indexName(b), b.column());
+        });
+        connect(model, &M::modelAboutToBeReset, this, [this] { add("aboutToBeReset"); });
+        connect(model, &M::modelReset, this, [this] { add("reset"); });
+    }
 
-    QStringList recorded() const;
+    explicit SignalRecorder(TreeNode *node, QObject *parent = nullptr)
+        : QObject(parent)
+    {
+        auto rows = [this](const char *name) {
+            return [=](TreeNode *at, int first, int last) {
+                add(name, nameOf(at), first, last);
+            };
+        };
+        auto one = [this](const char *name) {
+            return [=](TreeNode *at) {
+                add(name, nameOf(at));
+            };
+        };
+        connect(node, &TreeNode::nodesAboutToBeInserted, this, rows("aboutToBeInserted"));
+        connect(node, &TreeNode::nodesAboutToBeRemoved, this, rows("aboutToBeRemoved"));
+        connect(node, &TreeNode::nodesInserted, this, [this] { add("inserted"); });
+        connect(node, &TreeNode::nodesRemoved, this, [this] { add("removed"); });
+        connect(node, &TreeNode::nodeDataChanged, this, one("dataChanged"));
+        connect(node, &TreeNode::nodeChildsDataChanged, this, one("childsDataChanged"));
+        connect(node, &TreeNode::setCurrentNode, this, one("setCurrent"));
+        connect(node, &TreeNode::expandCurrentNode, this, one("expand"));
+    }
+
+    QStringList recorded() const { return log; }
     /** Returns what was recorded so far and starts afresh. */
-    QStringList take();
-    void clear();
+    QStringList take() { return std::exchange(log, {}); }
+
+    QStringList log;
 
 private:
-    QStringList _recorded;
+    static QString nameOf(TreeNode *node)
+    {
+        return node->id().isEmpty() ? node->objectName() : node->id();
+    }
+    template<typename... Args> void add(const char *name, const Args &...args)
+    {
+        const QStringList parts {QVariant(args).toString()...};
+        log << name + (parts.isEmpty() ? QString() : '(' + parts.join(',') + ')');
+    }
 };
 
-/**
- * Records the eight signals of a node (and so of its whole tree) as strings:
- * "aboutToBeInserted(a,0,1)", "inserted", "aboutToBeRemoved(a,0,0)", "removed",
- * "dataChanged(a1)", "childsDataChanged(a)", "setCurrent(a)", "expand(a)". Nodes are named by
- * their id, or object name when the id is empty.
- */
-class TreeNodeSignalRecorder : public QObject
-{
-    Q_OBJECT
-
-public:
-    explicit TreeNodeSignalRecorder(TreeNode *node, QObject *parent = nullptr);
-
-    QStringList recorded() const;
-    QStringList take();
-    void clear();
-
-private:
-    QStringList _recorded;
-};
+using TreeNodeSignalRecorder = SignalRecorder; // the name tests/element use
 
 } // namespace OvtTest

@@ -5,85 +5,78 @@
 #include <QModelIndex>
 #include <QStringList>
 
-#include <initializer_list>
+#include <QTest>
+
+#include <array>
 
 class QAbstractItemModel;
 
 namespace OvtTest {
 
 /**
- * The node that trees written as strings are made of.
- *
- * Its id is its name, and column c of the display and tool-tip roles shows the c-th of its
- * texts (the name first). Roles 258 and 259 are answered as by every node. A node used as a
- * root also decides the column count of a model over the tree.
+ * The node of trees written as strings: its id is its name, column c of the display and
+ * tool-tip roles shows texts[c]; a root also gives a model its column count.
  */
 class TestNode : public TreeNode
 {
-    Q_OBJECT
-
 public:
-    /** A node of expected depth -1, so nodes loaded below it by loadTreeFromList() use 0. */
-    explicit TestNode(const QString &name, QObject *owner = nullptr);
-    /** A node for loadTreeFromList(): its place is given, its id is @p name. */
     TestNode(int expectedDepth, const QString &expectedParentId, const QString &name,
-             QObject *owner = nullptr);
+             QObject *owner);
+    TestNode(const QString &name, QObject *owner)
+        : TestNode(-1, QString(), name, owner)
+    { }
 
-    void setTexts(const QStringList &texts);
-    void setSpecialFlags(int flags);
-    void setColumnCount(int columns);
-    /** Number of afterLoad() calls received, and their order across all test nodes. */
-    int afterLoadCalls() const;
+    /** Ids of the nodes in the order they received afterLoad(), across all test nodes. */
     static QStringList &afterLoadLog();
 
     void afterLoad() override;
-    int treeNodeSpecialFlags() const override;
-    int columnCount() const override;
-    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    int treeNodeSpecialFlags() const override { return flags; }
+    int columnCount() const override { return columns; }
     QVariant data(int column, int role) const override;
 
-private:
-    QStringList _texts;
-    int _specialFlags = 0;
-    int _columnCount = 1;
-    int _afterLoadCalls = 0;
+    QStringList texts;
+    int flags = 0;
+    int columns = 1;
+    int afterLoads = 0;
 };
 
 /**
- * Builds the nodes written in @p notation, owned (as QObject children) by @p owner, and
- * returns the top-level ones, not attached to anything.
- *
- * Notation: a list of nodes separated by blanks; a node's children follow it in brackets:
- * "a[a1 a2] b". A name may carry column texts after '|' ("a|x|y": columns 0, 1 and 2) and
- * special flags after '#' ("a#3"). Deleting the owner deletes every node safely, in any
- * order, because a node takes itself out of its tree when destroyed.
+ * Builds the nodes of @p notation, owned by @p owner, and returns the top-level ones, detached.
+ * Notation: "a[a1 a2] b" (children in brackets); "a|x|y" gives columns 1 and 2 the texts x and y;
+ * "a#3" gives special flags 3.
  */
 QList<TreeNode *> buildNodes(const QString &notation, QObject *owner);
-
-/**
- * A new root for the tree "[...]" (outer brackets optional), owned by @p owner, with
- * @p columnCount columns; its id is "root".
- */
-TestNode *buildTree(const QString &notation, QObject *owner, int columnCount = 1);
-
-/** The tree below @p root in the notation above, names only: "[a[a1 a2] b]". */
+/** A root with id "root" over the tree "[...]". */
+TestNode *buildTree(const QString &notation, QObject *owner, int columns = 1);
+/** The tree below @p root, names only: "[a[a1 a2] b]". */
 QString treeToString(const TreeNode *root);
-
-/**
- * The rows of @p model below @p parent in the notation above, read through index() and
- * data() in column 0: the display text of each row, or its id (role 258) when the display
- * role is not answered.
- */
+/** The rows of @p model in column 0, named by display text (or id when there is none). */
 QString modelToString(const QAbstractItemModel *model, const QModelIndex &parent = QModelIndex());
-
-/** Declares test-table columns that all hold strings. */
-void columns(std::initializer_list<const char *> names);
-/** Adds a table row whose string fields are separated by ';' (blanks around them trimmed). */
-void row(const char *name, const QString &fields);
-/** The blank-separated words of @p text. */
-QStringList words(const QString &text);
-
 /** How a row appears in the notation: "root" for the invalid index. */
 QString indexName(const QModelIndex &index);
+/** The node with @p id in the tree of @p root, or @p root for "root". */
+TreeNode *findNode(TreeNode *root, const QString &id);
+/** Watches @p model with a fatal QAbstractItemModelTester. */
+void watch(QAbstractItemModel *model);
+
+/** "depth:expectedParentId:id" items separated by blanks, as nodes for loadTreeFromList(). */
+QList<TreeNode *> listNodes(const QString &items, QObject *owner);
+
+/** Declares the table of row(): one string of fields separated by ';'. */
+void table();
+void row(const char *name, const QString &fields);
+/** The current row's first N fields, blanks around them trimmed. */
+template<int N>
+std::array<QString, N> fields()
+{
+    QFETCH(QString, fields);
+    const QStringList list = fields.split(QLatin1Char(';'));
+    std::array<QString, N> result;
+    for (int i = 0; i < N; ++i)
+        result[i] = list.value(i).trimmed();
+    return result;
+}
+/** The blank-separated words of @p text. */
+QStringList words(const QString &text);
 
 } // namespace OvtTest
