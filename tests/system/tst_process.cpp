@@ -1,31 +1,12 @@
 #include "system/appexception.h"
 #include "system/package.h"
 #include "system/process.h"
+#include "systemtest.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
 
-namespace {
-
-const QString childScript = QStringLiteral(OVT_FIXTURE_DIR "/process/child.sh");
-const QString fakeDpkgDir = QStringLiteral(OVT_FIXTURE_DIR "/fakedpkg");
-
-// Replaces PATH for the lifetime of the object.
-class PathOverride
-{
-public:
-    explicit PathOverride(const QByteArray &path)
-        : _saved(qgetenv("PATH"))
-    {
-        qputenv("PATH", path);
-    }
-    ~PathOverride() { qputenv("PATH", _saved); }
-
-private:
-    QByteArray _saved;
-};
-
-} // namespace
+static const QString child = QStringLiteral(OVT_FIXTURE_DIR "/process/child.sh");
 
 class TestProcess : public QObject
 {
@@ -41,52 +22,44 @@ private slots:
 
 void TestProcess::appException()
 {
-    const AppException e(QStringLiteral("Paquet « introuvable »"));
-    QCOMPARE(e.getText(), QStringLiteral("Paquet « introuvable »"));
-    // what() must stay valid in copies: exceptions are copied when thrown and caught by value.
-    const AppException copy = e;
+    const AppException copy = AppException(QStringLiteral("Paquet « introuvable »"));
+    // what() must stay valid in copies: exceptions are copied when thrown.
     QCOMPARE(QByteArray(copy.what()), QStringLiteral("Paquet « introuvable »").toLocal8Bit());
-
-    // raise() is QException's own, so the dynamic type is lost on purpose when rethrown
-    // through a future; the callers rely on catching it before that.
+    // raise() is QException's own: rethrown through a future, the type is lost on purpose.
     try {
-        e.raise();
-        QFAIL("raise() did not throw");
+        copy.raise();
     } catch (const AppException &) {
-        QFAIL("AppException must arrive as a plain QException");
-    } catch (const QException &) { }
+        QFAIL("must arrive as a plain QException");
+    } catch (const QException &) {
+        return;
+    }
+    QFAIL("raise() did not throw");
 }
 
 void TestProcess::simpleStart_data()
 {
     QTest::addColumn<QString>("program");
     QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<bool>("checkExitCode");
-    QTest::addColumn<QString>("result"); // output, or "!" and the exception's text
+    QTest::addColumn<bool>("check");
+    QTest::addColumn<QString>("result"); // output, or "!" and the exception's text (%C: child)
 
-    const auto row = [](const char *name, const QString &program, const QStringList &arguments,
-                        bool check, const QString &result) {
+    const auto row = [](const char *name, const QStringList &arguments, bool check,
+                        const QString &result, const QString &program = child) {
         QTest::newRow(name) << program << arguments << check
-                            << QString(result).replace("%C", childScript);
+                            << QString(result).replace("%C", child);
     };
-    row("standard output returned", childScript, {"print", "hello\nworld"}, true, "hello\nworld");
-    row("standard error ignored on exit 0", childScript, {"print", "out", "warning: x"}, true,
-        "out");
-    row("no output gives null string", childScript, {"exit", "0"}, true, QString());
-    row("arguments passed one by one, blanks kept", childScript, {"args", "a b", "", "c"}, true,
-        "[args][a b][][c]");
-    row("non-zero exit unchecked is no error", childScript, {"exit", "5", "ignored"}, false,
-        QString());
-    row("exit code with standard error appended untrimmed", childScript,
-        {"exit", "3", "disk full\n"}, true,
-        "!Process '%C exit 3 disk full\n' execute with error code '3'. disk full\n");
-    row("exit code without standard error has no suffix", childScript, {"exit", "1"}, true,
+    row("stdout returned, stderr ignored", {"print", "hi\nyou", "warning"}, true, "hi\nyou");
+    row("no output: null string", {"exit", "0"}, true, QString());
+    row("arguments kept apart", {"args", "a b", "", "c"}, true, "[args][a b][][c]");
+    row("exit code unchecked", {"exit", "5", "ignored"}, false, QString());
+    row("stderr appended untrimmed", {"exit", "3", "full\n"}, true,
+        "!Process '%C exit 3 full\n' execute with error code '3'. full\n");
+    row("no stderr, no suffix", {"exit", "1"}, true,
         "!Process '%C exit 1' execute with error code '1'");
-    row("crash reported as not finished", childScript, {"crash"}, false,
-        "!Process '%C crash' not finished");
-    row("missing program without arguments has no trailing blank", "/nonexistent/ovt-program", {},
-        true, "!Process '/nonexistent/ovt-program' not finished");
-    row("percent signs in the command are kept", childScript, {"exit", "2", "%1 %2"}, true,
+    row("crash", {"crash"}, false, "!Process '%C crash' not finished");
+    row("no program, no trailing blank", {}, true, "!Process '/nonexistent/x' not finished",
+        "/nonexistent/x");
+    row("percent signs kept", {"exit", "2", "%1 %2"}, true,
         "!Process '%C exit 2 %1 %2' execute with error code '2'. %1 %2");
 }
 
@@ -94,13 +67,13 @@ void TestProcess::simpleStart()
 {
     QFETCH(QString, program);
     QFETCH(QStringList, arguments);
-    QFETCH(bool, checkExitCode);
+    QFETCH(bool, check);
     QFETCH(QString, result);
 
     Process process;
     QString got;
     try {
-        got = process.simpleStart(program, arguments, checkExitCode).output();
+        got = process.simpleStart(program, arguments, check).output();
     } catch (const AppException &e) {
         got = '!' + e.getText();
     }
@@ -111,30 +84,25 @@ void TestProcess::simpleStart()
 void TestProcess::isInstalled_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::addColumn<QByteArray>("status"); // for the fake dpkg-query; "real": the real one
+    QTest::addColumn<QByteArray>("status"); // the fake's output; "real", "missing": no fake
     QTest::addColumn<int>("exitCode");
     QTest::addColumn<QString>("result");
 
+    const auto row = [](const char *name, const char *package, const char *status,
+                        const char *result, int exitCode = 0) {
+        QTest::newRow(name) << package << QByteArray(status) << exitCode << result;
+    };
     // dpkg itself is installed wherever dpkg-query runs.
-    QTest::newRow("real: installed package") << "dpkg" << QByteArray("real") << 0 << "true";
-    QTest::newRow("real: unknown package")
-        << "ovt-no-such-package-xyz" << QByteArray("real") << 0 << "false";
-    QTest::newRow("real: pattern") << "dpk[g]" << QByteArray("real") << 0 << "true";
-    QTest::newRow("installed") << "p" << QByteArray("install ok installed\\n") << 0 << "true";
-    QTest::newRow("config files only")
-        << "p" << QByteArray("deinstall ok config-files\\n") << 0 << "false";
-    QTest::newRow("half-installed counts by prefix")
-        << "p" << QByteArray("install ok half-installed\\n") << 0 << "true";
-    QTest::newRow("second of several packages installed")
-        << "p" << QByteArray("unknown ok not-installed\\n\\ninstall ok installed\\n") << 0
-        << "true";
-    QTest::newRow("prefix must start the line")
-        << "p" << QByteArray(" install ok installed\\n") << 0 << "false";
-    QTest::newRow("unknown package: non-zero exit, no output")
-        << "p" << QByteArray() << 1 << "false";
-    QTest::newRow("no dpkg-query: the process's exception")
-        << "dpkg" << QByteArray("missing") << 0
-        << "Process 'dpkg-query -W -f=${Status}\n dpkg' not finished";
+    row("real: installed", "dpkg", "real", "true");
+    row("real: unknown", "ovt-no-such-package-xyz", "real", "false");
+    row("real: glob", "dpk[g]", "real", "true");
+    row("installed", "p", "install ok installed\\n", "true");
+    row("config files only: anchored", "p", "deinstall ok config-files\\n", "false");
+    row("half-installed: prefix only", "p", "install ok half-installed\\n", "true");
+    row("second line", "p", "unknown ok not-installed\\n\\ninstall ok installed\\n", "true");
+    row("unknown: exit 1, no output", "p", "", "false", 1);
+    row("no dpkg-query", "dpkg", "missing",
+        "Process 'dpkg-query -W -f=${Status}\n dpkg' not finished");
 }
 
 void TestProcess::isInstalled()
@@ -144,36 +112,28 @@ void TestProcess::isInstalled()
     QFETCH(int, exitCode);
     QFETCH(QString, result);
 
-    QTemporaryDir dir;
-    QVERIFY(dir.isValid());
-    const QString argsFile = dir.filePath(QStringLiteral("args"));
-    QByteArray path = qgetenv("PATH");
-    if (status == "real" && QStandardPaths::findExecutable(QStringLiteral("dpkg-query")).isEmpty())
+    const bool fake = status != "real" && status != "missing";
+    if (status == "real" && QStandardPaths::findExecutable("dpkg-query").isEmpty())
         QSKIP("dpkg-query is not installed on this machine");
-    if (status == "missing") {
-        path = QFile::encodeName(dir.path());
-    } else if (status != "real") {
-        qputenv("OVT_FAKE_DPKG_ARGS", QFile::encodeName(argsFile));
-        qputenv("OVT_FAKE_DPKG_STATUS", status);
-        qputenv("OVT_FAKE_DPKG_EXIT", QByteArray::number(exitCode));
-        path = QFile::encodeName(fakeDpkgDir) + ':' + path;
-    }
+    QTemporaryDir dir;
+    const QString args = dir.filePath("args");
+    EnvVar argsFile("OVT_FAKE_DPKG_ARGS", QFile::encodeName(args));
+    EnvVar output("OVT_FAKE_DPKG_STATUS", status);
+    EnvVar exit("OVT_FAKE_DPKG_EXIT", QByteArray::number(exitCode));
+    EnvVar path("PATH",
+                fake                      ? pathWith(OVT_FIXTURE_DIR "/fakedpkg")
+                    : status == "missing" ? QFile::encodeName(dir.path())
+                                          : qgetenv("PATH"));
 
     QString got;
-    {
-        PathOverride override(path);
-        try {
-            got = Package(name).isInstalled() ? "true" : "false";
-        } catch (const AppException &e) {
-            got = e.getText();
-        }
+    try {
+        got = Package(name).isInstalled() ? "true" : "false";
+    } catch (const AppException &e) {
+        got = e.getText();
     }
     QCOMPARE(got, result);
-    if (status != "real" && status != "missing") {
-        QFile args(argsFile);
-        QVERIFY(args.open(QIODevice::ReadOnly));
-        QCOMPARE(args.readAll(), QByteArray("-W\n-f=${Status}\n\np\n"));
-    }
+    if (fake)
+        QCOMPARE(readFile(args), QByteArray("-W\n-f=${Status}\n\np\n"));
 }
 
 QTEST_GUILESS_MAIN(TestProcess)
