@@ -1,13 +1,6 @@
 #include "element/changedisplayelementdata.h"
-#include "element/containerelement.h"
 #include "element/elementroottreenode.h"
-#include "element/loginelement.h"
-#include "element/ordinaryelement.h"
-#include "element/serviceelement.h"
-#include "element/servicelightelementdata.h"
-#include "element/supplementelement.h"
-#include "element/supplementloginmixin.h"
-#include "plugin/module.h"
+#include "fixtures/fixtureelements.h"
 #include "signalrecorder.h"
 #include "treestring.h"
 #include "widgets/vieweditelementwidget.h"
@@ -20,6 +13,8 @@
 #include <QTest>
 
 #include <memory>
+
+using namespace Fixture;
 
 namespace {
 
@@ -40,63 +35,7 @@ public:
     QStringList log;
 };
 
-using Editable = bool (*)(const Module &);
-
-// A kind finished as a plug-in would: type "user", a caption, its place (depth -1: created at
-// run time), and extra operations offered on top of the kind's.
-template<typename Kind> class Make : public Kind
-{
-public:
-    Make(Module &module, const QString &title, Editable editable = &Module::defaultTrue,
-         int depth = -1, OperationType extra = NoOperation)
-        : Kind(module, editable)
-        , _extra(extra)
-    {
-        this->_elementType = QStringLiteral("user");
-        this->_title = title;
-        this->_id = QStringLiteral("user_") + title;
-        this->_expectedDepth = depth;
-    }
-    QString caption() const override { return QStringLiteral("Caption of ") + this->_title; }
-    OperationType availableOperations() const override
-    {
-        return Kind::availableOperations() | _extra;
-    }
-    // Extras go to the module, except ChangeDisplay, which a container settles itself.
-    void performOperation(OperationType type, ElementData *data, int alternative) override
-    {
-        if ((type & _extra) && type != ChangeDisplayOperation)
-            return this->module().performOperation(this, type, data, alternative);
-        Kind::performOperation(type, data, alternative);
-    }
-    QStringList displayChildrenVariants() const override
-    {
-        return _extra & ChangeDisplayOperation ? QStringList {"list", "icons"}
-                                               : Kind::displayChildrenVariants();
-    }
-    bool &pending() { return this->_requireLoad; }
-    QString &group() { return this->_groupElementType; }
-
-private:
-    const OperationType _extra;
-};
-
-using Plain = Make<Element>;
-using Container = Make<ContainerElement>;
-using Ordinary = Make<OrdinaryElement>;
-
-class Mailbox : public Make<SupplementElement>, public SupplementLoginMixin
-{
-public:
-    explicit Mailbox(Module &module)
-        : Make(module, QStringLiteral("mailbox"))
-        , SupplementLoginMixin(this)
-    { }
-    int treeNodeSpecialFlags() const override
-    {
-        return SupplementLoginMixin::treeNodeSpecialFlags(0x2);
-    }
-};
+using Plain = Placed<Element>;
 
 class UserWidget : public ViewEditElementWidget
 {
@@ -108,20 +47,19 @@ public:
     }
 };
 
-std::unique_ptr<Element> makeKind(const QString &kind, Module &module, bool editable, int depth)
+template<typename Kind> std::unique_ptr<Element> make(Module &module, bool editable, int depth)
 {
-    const QString title = QStringLiteral("e");
-    const Editable e = editable ? &Module::defaultTrue : &Module::defaultFalse;
-    if (kind == QLatin1String("login"))
-        return std::make_unique<Make<LoginElement>>(module, title, e, depth);
-    if (kind == QLatin1String("service"))
-        return std::make_unique<Make<ServiceElement>>(module, title, e, depth);
-    if (kind == QLatin1String("container"))
-        return std::make_unique<Container>(module, title, e, depth);
-    if (kind == QLatin1String("ordinary"))
-        return std::make_unique<Ordinary>(module, title, e, depth);
-    return std::make_unique<Make<SupplementElement>>(module, title, e, depth);
+    return std::make_unique<Placed<Kind>>(module, "user", "e", depth, QString(), QString(), -1,
+                                          NoOperation,
+                                          editable ? &Module::defaultTrue : &Module::defaultFalse);
 }
+
+const QMap<QString, std::unique_ptr<Element> (*)(Module &, bool, int)> kindMakers {
+    {"login", &make<LoginElement>},
+    {"service", &make<ServiceElement>},
+    {"container", &make<ContainerElement>},
+    {"ordinary", &make<OrdinaryElement>},
+    {"supplement", &make<SupplementElement>}};
 
 } // namespace
 
@@ -171,8 +109,8 @@ void tst_Element::roles()
     QFETCH(QString, role);
     QFETCH(QString, expected);
 
-    Plain top(*_module, "top"), middle(*_module, "middle");
-    auto *leaf = new Plain(*_module, "leaf");
+    Plain top(*_module, "user", "top"), middle(*_module, "user", "middle");
+    auto *leaf = new Plain(*_module, "user", "leaf");
     top.append(&middle);
     middle.append(leaf);
     top.group() = "accounts";
@@ -195,13 +133,14 @@ void tst_Element::roles()
 
 void tst_Element::titleEditabilityAndWidgets()
 {
-    Plain runtime(*_module, "alice"), fixed(*_module, "fixed", nullptr, 1);
+    Plain runtime(*_module, "user", "alice");
+    Plain fixed(*_module, "user", "fixed", 1, {}, {}, -1, NoOperation, nullptr);
     QSignalSpy changed(&runtime, &TreeNode::nodeDataChanged);
     QSignalSpy fixedChanged(&fixed, &TreeNode::nodeDataChanged);
     runtime.setTitle("bob");
     fixed.setTitle("bob"); // a persistent element keeps title and id, silently
     QCOMPARE(runtime.title() + ' ' + runtime.id() + ' ' + fixed.title() + ' ' + fixed.id(),
-             QString("bob user_bob fixed user_fixed"));
+             QString("bob user_bob fixed fixed"));
     QCOMPARE(changed.count(), 1);
     QCOMPARE(fixedChanged.count(), 0);
 
@@ -230,7 +169,8 @@ void tst_Element::lazyLoading()
     QFETCH(QString, log);
     QFETCH(QString, pendingAfter);
 
-    Plain box(*_module, "box", nullptr, -1, OperationType(offered.toULongLong(nullptr, 16)));
+    Plain box(*_module, "user", "box", -1, {}, {}, -1,
+              OperationType(offered.toULongLong(nullptr, 16)));
     box.pending() = pending.toInt();
     QCOMPARE(box.canFetchMore(), bool(canFetch.toInt()));
     box.fetchMore();
@@ -241,7 +181,7 @@ void tst_Element::lazyLoading()
 
 void tst_Element::containerRearms()
 {
-    Container container(*_module, "c", &Module::defaultFalse);
+    Container container(*_module, "user", "c");
     container.fetchMore();
     QCOMPARE(_module->log, QStringList {"c:8"});
     // A refresh sent by hand also counts as having read the children.
@@ -272,12 +212,12 @@ void tst_Element::treeNotifiesModules()
     // Elements and the element root share the rules.
     for (bool underRoot : {false, true}) {
         ElementRootTreeNode root;
-        Plain element(*_module, "parent");
+        Plain element(*_module, "user", "parent");
         TreeNode *parent = underRoot ? static_cast<TreeNode *>(&root) : &element;
         QList<TreeNode *> children;
         for (int i = 0; i < 7; ++i) {
             children << (i == 3 ? new TreeNode(_module.get()) // a node that is no element
-                                : new Plain(*_module, QStringLiteral("e%1").arg(i)));
+                                : new Plain(*_module, "user", QStringLiteral("e%1").arg(i)));
         }
         _module->log.clear();
         parent->insert(0, children.mid(1));
@@ -307,7 +247,7 @@ void tst_Element::ownsItsData()
     };
     bool deleted = false;
     ElementRootTreeNode root;
-    auto *element = new Plain(*_module, "alice");
+    auto *element = new Plain(*_module, "user", "alice");
     element->setElementData(new Record(&deleted));
     root.append(element);
     _module->log.clear();
@@ -345,9 +285,9 @@ void tst_Element::kinds()
     QFETCH(QString, offered);
     QFETCH(QString, forwarded);
 
-    Container parent(*_module, "parent", &Module::defaultTrue, -1, ChangeDisplayOperation);
+    Container parent(*_module, "user", "parent", -1, {}, {}, -1, ChangeDisplayOperation);
     std::unique_ptr<Element> element
-        = makeKind(kind, *_module, flags.contains('e'), flags.contains('p') ? 1 : -1);
+        = kindMakers[kind](*_module, flags.contains('e'), flags.contains('p') ? 1 : -1);
     if (flags.contains('d'))
         parent.append(element.get());
     QCOMPARE(QString::number(quint64(element->availableOperations()), 16), offered);
@@ -382,9 +322,9 @@ void tst_Element::changeDisplay()
     QFETCH(QString, target);
     QFETCH(QString, expected);
 
-    Container c(*_module, "c", &Module::defaultTrue, -1,
+    Container c(*_module, "user", "c", -1, {}, {}, -1,
                 offers == "1" ? ChangeDisplayOperation : NoOperation);
-    Ordinary a(*_module, "a"), b(*_module, "b");
+    Ordinary a(*_module, "user", "a"), b(*_module, "user", "b");
     c.append(QList<TreeNode *> {&a, &b});
     OvtTest::TreeNodeSignalRecorder recorder(&c);
     _module->log.clear();
@@ -420,11 +360,11 @@ void tst_Element::supplementLoginMixin()
     QFETCH(QString, parent);
     QFETCH(QString, expected);
 
-    Mailbox mailbox(*_module);
-    Make<LoginElement> login(*_module, "login");
+    Mailbox mailbox(*_module, "mailbox");
+    Login login(*_module, "login", "login");
     login.elementData()->insert(QStringLiteral("isLogin"), parent == "login");
-    Make<ServiceElement> service(*_module, "service");
-    Ordinary ordinary(*_module, "ordinary");
+    Service service(*_module, "service", "service");
+    Ordinary ordinary(*_module, "alias", "ordinary");
     ElementRootTreeNode root;
     const QMap<QString, TreeNode *> parents {{"login", &login},
                                              {"login false", &login},
@@ -437,7 +377,7 @@ void tst_Element::supplementLoginMixin()
     QCOMPARE(mailbox.treeNodeSpecialFlags(), expected.toInt());
     QCOMPARE(SupplementLoginMixin(nullptr).treeNodeSpecialFlags(0x4), 0x4);
     // The kind alone marks itself as supplement.
-    QCOMPARE(mailbox.Make::treeNodeSpecialFlags(), 0x1);
+    QCOMPARE(mailbox.SupplementElement::treeNodeSpecialFlags(), 0x1);
 }
 
 void tst_Element::serviceIcon()
@@ -453,7 +393,7 @@ void tst_Element::serviceIcon()
         QVERIFY(image.save(themes.filePath("t/16/" + QLatin1String(name) + ".png")));
     QIcon::setThemeSearchPaths({themes.path()});
     QIcon::setThemeName("t");
-    Make<ServiceElement> service(*_module, "sshd");
+    Service service(*_module, "service", "sshd");
     auto *light = static_cast<ServiceLightElementData *>(service.elementData());
     const auto icon = [&] {
         return service.data(0, Qt::DecorationRole).value<QIcon>().cacheKey();
