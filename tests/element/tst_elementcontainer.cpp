@@ -154,7 +154,6 @@ void tst_ElementContainer::proxies_data()
     OvtTest::row("group inherited from parents",
                  "group; accounts; [Users[alice bob] root[mailbox]]");
     OvtTest::row("group across containers", "group; services; [Services[cron] sshd]");
-    OvtTest::row("group of one plug-in", "group; mail; [Mail[aliases postmaster]]");
     OvtTest::row("selectable", "selectable; ; [Users[alice bob] root[mailbox]]");
     OvtTest::row("selectable shows ids",
                  "selectable; 258; [Users[login_alice login_bob] root[mailbox]]");
