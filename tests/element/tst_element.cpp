@@ -1,11 +1,16 @@
-#include "element/element.h"
-#include "element/elementdata.h"
+#include "element/changedisplayelementdata.h"
 #include "element/elementroottreenode.h"
-#include "plugin/module.h"
+#include "fixtures/fixtureelements.h"
+#include "signalrecorder.h"
+#include "treestring.h"
 #include "widgets/vieweditelementwidget.h"
 
 #include <QSignalSpy>
 #include <QTest>
+
+#include <memory>
+
+using namespace Fixture;
 
 namespace {
 
@@ -26,30 +31,7 @@ public:
     QStringList log;
 };
 
-class TestElement : public Element
-{
-public:
-    TestElement(Module &module, const QString &title, OperationType offered = NoOperation,
-                bool (*editable)(const Module &) = nullptr, int depth = -1)
-        : Element(module, editable)
-        , _offered(offered)
-    {
-        _elementType = QStringLiteral("user");
-        setTitle(title);
-        _expectedDepth = depth;
-    }
-    QString caption() const override { return QStringLiteral("Caption of ") + title(); }
-    OperationType availableOperations() const override { return _offered; }
-    void performOperation(OperationType type, ElementData *data, int alternative) override
-    {
-        module().performOperation(this, type, data, alternative);
-    }
-    bool &requireLoad() { return _requireLoad; }
-    QString &group() { return _groupElementType; }
-
-private:
-    OperationType _offered;
-};
+using Plain = Placed<Element>;
 
 class UserWidget : public ViewEditElementWidget
 {
@@ -61,6 +43,20 @@ public:
     }
 };
 
+template<typename Kind> std::unique_ptr<Element> make(Module &module, bool editable, int depth)
+{
+    return std::make_unique<Placed<Kind>>(module, "user", "e", depth, QString(), QString(), -1,
+                                          NoOperation,
+                                          editable ? &Module::defaultTrue : &Module::defaultFalse);
+}
+
+const QMap<QString, std::unique_ptr<Element> (*)(Module &, bool, int)> kindMakers {
+    {"login", &make<LoginElement>},
+    {"service", &make<ServiceElement>},
+    {"container", &make<ContainerElement>},
+    {"ordinary", &make<OrdinaryElement>},
+    {"supplement", &make<SupplementElement>}};
+
 } // namespace
 
 class tst_Element : public QObject
@@ -71,52 +67,38 @@ private Q_SLOTS:
     void init() { _module = std::make_unique<LogModule>(); }
     void cleanup() { _module.reset(); }
 
-    void roles_data();
     void roles();
-    void titleAndId_data();
-    void titleAndId();
+    void titleEditabilityAndWidgets();
     void lazyLoading_data();
     void lazyLoading();
+    void containerRearms();
     void treeNotifiesModules_data();
     void treeNotifiesModules();
-    void editableAndWidgets();
     void ownsItsData();
-    void rootHeader();
+    void kinds_data();
+    void kinds();
+    void changeDisplay_data();
+    void changeDisplay();
+    void supplementLoginMixin();
+    void serviceIcon();
 
 private:
     std::unique_ptr<LogModule> _module;
 };
 
-void tst_Element::roles_data()
-{
-    QTest::addColumn<int>("column");
-    QTest::addColumn<int>("role");
-    QTest::addColumn<QVariant>("expected");
-
-    QTest::newRow("title role, any column") << 3 << 260 << QVariant("leaf");
-    QTest::newRow("element type role") << 0 << 261 << QVariant("user");
-    QTest::newRow("own group type, not the inherited one") << 0 << 262 << QVariant("Undefined");
-    QTest::newRow("display") << 0 << int(Qt::DisplayRole) << QVariant("leaf");
-    QTest::newRow("no display in other columns") << 1 << int(Qt::DisplayRole) << QVariant();
-    QTest::newRow("tool tip is the caption")
-        << 0 << int(Qt::ToolTipRole) << QVariant("Caption of leaf");
-    QTest::newRow("id role from the tree") << 0 << 258 << QVariant("user_leaf");
-}
-
 void tst_Element::roles()
 {
-    QFETCH(int, column);
-    QFETCH(int, role);
-    QFETCH(QVariant, expected);
-
-    TestElement top(*_module, "top"), middle(*_module, "middle");
-    auto *leaf = new TestElement(*_module, "leaf");
+    Plain top(*_module, "user", "top"), middle(*_module, "user", "middle");
+    auto *leaf = new Plain(*_module, "user", "leaf");
     top.append(&middle);
     middle.append(leaf);
     top.group() = "accounts";
 
-    QCOMPARE(leaf->data(column, role), expected);
-    QCOMPARE(leaf->columnCount(), 1);
+    // Title in any column, type, own group (not the inherited one), display, tool tip.
+    QStringList texts;
+    for (const auto &cell : {qMakePair(3, 260), {0, 261}, {0, 262}, {0, 0}, {1, 0}, {0, 3}})
+        texts << leaf->data(cell.first, cell.second).toString();
+    QCOMPARE(texts.join('|'), QString("leaf|user|Undefined|leaf||Caption of leaf"));
     QVERIFY(leaf->data(0, Qt::DecorationRole).value<QIcon>().isNull());
     // The nearest group set on the element or an element above it.
     QCOMPARE(leaf->groupElementType(), QString("accounts"));
@@ -125,174 +107,258 @@ void tst_Element::roles()
     middle.clear();
     QCOMPARE(leaf->groupElementType(), QString("Undefined"));
     delete leaf;
+
+    ElementRootTreeNode root;
+    QCOMPARE(root.headerData(0, Qt::Horizontal).toString(), QString("Name"));
+    QVERIFY(!root.headerData(0, Qt::Vertical).isValid());
+    QVERIFY(!root.headerData(1, Qt::Horizontal).isValid());
 }
 
-void tst_Element::titleAndId_data()
+void tst_Element::titleEditabilityAndWidgets()
 {
-    QTest::addColumn<int>("depth");
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<QString>("id");
-    QTest::addColumn<int>("changes");
+    Plain runtime(*_module, "user", "alice");
+    Plain fixed(*_module, "user", "fixed", 1, {}, {}, -1, NoOperation, nullptr);
+    QSignalSpy changed(&runtime, &TreeNode::nodeDataChanged);
+    QSignalSpy fixedChanged(&fixed, &TreeNode::nodeDataChanged);
+    runtime.setTitle("bob");
+    fixed.setTitle("bob"); // a persistent element keeps title and id, silently
+    QCOMPARE(runtime.title() + ' ' + runtime.id() + ' ' + fixed.title() + ' ' + fixed.id(),
+             QString("bob user_bob fixed fixed"));
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(fixedChanged.count(), 0);
 
-    QTest::newRow("run-time element takes title and id") << -1 << "bob"
-                                                         << "user_bob" << 1;
-    QTest::newRow("persistent element keeps both, silently") << 2 << "alice"
-                                                             << "user_alice" << 0;
-}
-
-void tst_Element::titleAndId()
-{
-    QFETCH(int, depth);
-    QFETCH(QString, title);
-    QFETCH(QString, id);
-    QFETCH(int, changes);
-
-    TestElement element(*_module, "alice", NoOperation, nullptr, depth);
-    QSignalSpy spy(&element, &TreeNode::nodeDataChanged);
-    element.setTitle("bob");
-    QCOMPARE(element.title(), title);
-    QCOMPARE(element.id(), id);
-    QCOMPARE(spy.count(), changes);
+    QVERIFY(runtime.isEditable());
+    QVERIFY(!fixed.isEditable()); // no callback: never editable
+    auto *widget = new UserWidget(*_module);
+    _module->insertElementWidget(widget);
+    QCOMPARE(runtime.elementWidget(CreateRole), widget);
+    QCOMPARE(fixed.elementWidget(CreateRole), nullptr);
+    QCOMPARE(fixed.elementWidget(ViewEditRole), widget);
 }
 
 void tst_Element::lazyLoading_data()
 {
-    QTest::addColumn<bool>("requireLoad");
-    QTest::addColumn<quint64>("offered");
-    QTest::addColumn<bool>("canFetch");
-    QTest::addColumn<QStringList>("log");
-    QTest::addColumn<bool>("requireLoadAfter");
-
-    QTest::newRow("pending and readable: reads once")
-        << true << quint64(ReadContentOperation) << true << QStringList {"box:8"} << false;
-    QTest::newRow("pending, content not offered: nothing starts")
-        << true << quint64(ReadOperation) << false << QStringList() << true;
-    QTest::newRow("already loaded")
-        << false << quint64(ReadContentOperation) << false << QStringList() << false;
+    OvtTest::columns({"pending", "offered", "canFetch", "log", "pendingAfter"});
+    OvtTest::row("pending and readable: reads once", "1; 8; 1; box:8; 0");
+    OvtTest::row("content not offered: nothing starts", "1; 20; 0; ; 1");
+    OvtTest::row("already loaded", "0; 8; 0; ; 0");
 }
 
 void tst_Element::lazyLoading()
 {
-    QFETCH(bool, requireLoad);
-    QFETCH(quint64, offered);
-    QFETCH(bool, canFetch);
-    QFETCH(QStringList, log);
-    QFETCH(bool, requireLoadAfter);
+    QFETCH(QString, pending);
+    QFETCH(QString, offered);
+    QFETCH(QString, canFetch);
+    QFETCH(QString, log);
+    QFETCH(QString, pendingAfter);
 
-    TestElement box(*_module, "box", OperationType(offered));
-    box.requireLoad() = requireLoad;
-    QCOMPARE(box.canFetchMore(), canFetch);
+    Plain box(*_module, "user", "box", -1, {}, {}, -1,
+              OperationType(offered.toULongLong(nullptr, 16)));
+    box.pending() = pending.toInt();
+    QCOMPARE(box.canFetchMore(), bool(canFetch.toInt()));
     box.fetchMore();
     box.fetchMore(); // a view asking again while the read runs starts nothing more
-    QCOMPARE(_module->log, log);
-    QCOMPARE(box.requireLoad(), requireLoadAfter);
+    QCOMPARE(_module->log, OvtTest::words(log));
+    QCOMPARE(box.pending(), bool(pendingAfter.toInt()));
+}
+
+void tst_Element::containerRearms()
+{
+    Container container(*_module, "user", "c");
+    container.fetchMore();
+    QCOMPARE(_module->log, QStringList {"c:8"});
+    // A refresh sent by hand also counts as having read the children.
+    container.resetRequireLoad();
+    container.performOperation(ReadContentOperation, nullptr, 0);
+    QVERIFY(!container.pending());
+    container.resetRequireLoad();
+    QVERIFY(container.canFetchMore());
 }
 
 void tst_Element::treeNotifiesModules_data()
 {
-    QTest::addColumn<int>("pos");
-    QTest::addColumn<int>("count");
-    QTest::addColumn<QString>("left");
-    QTest::addColumn<QStringList>("removed");
-
-    QTest::newRow("count cut to the end")
-        << 5 << 10 << "e0 e1 e2 - e4" << QStringList {"e5:2", "e6:2"};
-    QTest::newRow("plain nodes go without notice")
-        << 2 << 2 << "e0 e1 e4 e5 e6" << QStringList {"e2:2"};
-    QTest::newRow("position at the end does nothing")
-        << 7 << 1 << "e0 e1 e2 - e4 e5 e6" << QStringList();
-    QTest::newRow("zero count does nothing") << 0 << 0 << "e0 e1 e2 - e4 e5 e6" << QStringList();
-    QTest::newRow("negative position does nothing")
-        << -1 << 2 << "e0 e1 e2 - e4 e5 e6" << QStringList();
+    OvtTest::columns({"pos", "count", "left", "removed"});
+    OvtTest::row("count cut to the end", "5; 10; e0 e1 e2 - e4; e5:2 e6:2");
+    OvtTest::row("plain nodes go without notice", "2; 2; e0 e1 e4 e5 e6; e2:2");
+    OvtTest::row("position at the end", "7; 1; e0 e1 e2 - e4 e5 e6; ");
+    OvtTest::row("zero count", "0; 0; e0 e1 e2 - e4 e5 e6; ");
+    OvtTest::row("negative position", "-1; 2; e0 e1 e2 - e4 e5 e6; ");
 }
 
 void tst_Element::treeNotifiesModules()
 {
-    QFETCH(int, pos);
-    QFETCH(int, count);
+    QFETCH(QString, pos);
+    QFETCH(QString, count);
     QFETCH(QString, left);
-    QFETCH(QStringList, removed);
+    QFETCH(QString, removed);
 
     // Elements and the element root share the rules.
     for (bool underRoot : {false, true}) {
         ElementRootTreeNode root;
-        TestElement element(*_module, "parent");
+        Plain element(*_module, "user", "parent");
         TreeNode *parent = underRoot ? static_cast<TreeNode *>(&root) : &element;
         QList<TreeNode *> children;
-        QStringList inserted;
         for (int i = 0; i < 7; ++i) {
-            if (i == 3) {
-                children << new TreeNode(_module.get()); // a node that is no element
-                continue;
-            }
-            children << new TestElement(*_module, QStringLiteral("e%1").arg(i));
-            inserted << QStringLiteral("e%1:1").arg(i);
+            children << (i == 3 ? new TreeNode(_module.get()) // a node that is no element
+                                : new Plain(*_module, "user", QStringLiteral("e%1").arg(i)));
         }
         _module->log.clear();
         parent->insert(0, children.mid(1));
         parent->insert(0, children.first()); // the single-node form too
-        QCOMPARE(_module->log, inserted.mid(1) << inserted.first());
+        QCOMPARE(_module->log.join(' '), QString("e1:1 e2:1 e4:1 e5:1 e6:1 e0:1"));
 
         _module->log.clear();
-        parent->removeAt(pos, count);
+        parent->removeAt(pos.toInt(), count.toInt());
         QStringList shown;
         for (TreeNode *child : parent->childNodes())
             shown << (child->id().isEmpty() ? QStringLiteral("-") : child->id().mid(5));
         QCOMPARE(shown.join(' '), left);
-        QCOMPARE(_module->log, removed);
+        QCOMPARE(_module->log, OvtTest::words(removed));
         parent->clear();
     }
-}
-
-void tst_Element::editableAndWidgets()
-{
-    auto *widget = new UserWidget(*_module);
-    _module->insertElementWidget(widget);
-    TestElement runtime(*_module, "runtime", NoOperation, &Module::defaultTrue);
-    TestElement fixed(*_module, "fixed", NoOperation, nullptr, 1);
-
-    QVERIFY(runtime.isEditable());
-    QVERIFY(!fixed.isEditable()); // no callback: never editable
-    QCOMPARE(runtime.elementContext(), &runtime);
-    QCOMPARE(runtime.elementWidgetContext(), nullptr);
-    QCOMPARE(runtime.QObject::parent(), _module.get());
-    QCOMPARE(runtime.elementWidget(CreateRole), widget);
-    QCOMPARE(fixed.elementWidget(CreateRole), nullptr);
-    QCOMPARE(fixed.elementWidget(ViewEditRole), widget);
-    QCOMPARE(runtime.questionForRemove(), QString("Do you really want to remove this element?"));
 }
 
 void tst_Element::ownsItsData()
 {
     struct Record : ElementData
     {
-        explicit Record(bool *deleted)
-            : _deleted(deleted)
-        { }
-        ~Record() override { *_deleted = true; }
-        bool *_deleted;
+        bool *deleted = nullptr;
+        ~Record() override { *deleted = true; }
     };
     bool deleted = false;
-    ElementRootTreeNode root;
-    auto *element = new TestElement(*_module, "alice");
-    element->setElementData(new Record(&deleted));
-    root.append(element);
-    _module->log.clear();
-    delete element;
-    QCOMPARE(root.childNodesCount(), 0);
-    QCOMPARE(_module->log, QStringList {"alice:2"});
+    auto *record = new Record;
+    record->deleted = &deleted;
+    std::make_unique<Plain>(*_module, "user", "alice")->setElementData(record);
     QVERIFY(deleted);
 }
 
-void tst_Element::rootHeader()
+void tst_Element::kinds_data()
 {
+    // Flags: e editable, p persistent, d under a container offering ChangeDisplay. Every
+    // operation is then sent to the element; "forwarded" is what reached the module.
+    OvtTest::columns({"kind", "flags", "offered", "forwarded"});
+    const QString login = QStringLiteral("60028; e:8 e:20 e:20000 e:40000");
+    OvtTest::row("login", "login; e;" + login);
+    OvtTest::row("login, not editable: the same", "login; ;" + login);
+    OvtTest::row("service offers nothing by itself", "service; e; 0; ");
+    OvtTest::row("container", "container; e; c; e:4 e:8");
+    OvtTest::row("container, not editable, still forwards create", "container; ; 8; e:4 e:8");
+    const QString ordinary = QStringLiteral("e:4 e:20 e:40 e:80");
+    OvtTest::row("ordinary", "ordinary; e; e4;" + ordinary);
+    OvtTest::row("ordinary, persistent", "ordinary; ep; 60;" + ordinary);
+    OvtTest::row("ordinary, not editable", "ordinary; ; 20;" + ordinary);
+    OvtTest::row("ordinary under display container", "ordinary; ed; 8e4;" + ordinary);
+    OvtTest::row("supplement", "supplement; e; 60; e:20 e:40");
+    OvtTest::row("supplement, not editable", "supplement; ; 20; e:20 e:40");
+}
+
+void tst_Element::kinds()
+{
+    QFETCH(QString, kind);
+    QFETCH(QString, flags);
+    QFETCH(QString, offered);
+    QFETCH(QString, forwarded);
+
+    Container parent(*_module, "user", "parent", -1, {}, {}, -1, ChangeDisplayOperation);
+    std::unique_ptr<Element> element
+        = kindMakers[kind](*_module, flags.contains('e'), flags.contains('p') ? 1 : -1);
+    if (flags.contains('d'))
+        parent.append(element.get());
+    QCOMPARE(QString::number(quint64(element->availableOperations()), 16), offered);
+
+    _module->log.clear();
+    ChangeDisplayElementData display(1);
+    for (OperationType operation :
+         {CreateOperation, ReadContentOperation, ReadLightOperation, ReadOperation, UpdateOperation,
+          DeleteOperation, ChangeDisplayOperation, LoginOperation1, LoginOperation2})
+        element->performOperation(operation, &display, 0);
+    QCOMPARE(_module->log, OvtTest::words(forwarded));
+}
+
+void tst_Element::changeDisplay_data()
+{
+    // expected: display variants of container, a and b, then the container's signals
+    OvtTest::columns({"offers", "record", "target", "expected"});
+    OvtTest::row("on a child, through the container",
+                 "1; change; a; 2 2 2 childsDataChanged(user_c)");
+    OvtTest::row("on the container", "1; change; c; 2 2 2 childsDataChanged(user_c)");
+    OvtTest::row("null record", "1; null; c; 0 0 0");
+    OvtTest::row("plain record", "1; plain; c; 0 0 0");
+    OvtTest::row("not offered: child keeps its own", "0; change; a; 0 0 0");
+    OvtTest::row("not offered: container still changes",
+                 "0; change; c; 2 0 0 childsDataChanged(user_c)");
+}
+
+void tst_Element::changeDisplay()
+{
+    QFETCH(QString, offers);
+    QFETCH(QString, record);
+    QFETCH(QString, target);
+    QFETCH(QString, expected);
+
+    Container c(*_module, "user", "c", -1, {}, {}, -1,
+                offers == "1" ? ChangeDisplayOperation : NoOperation);
+    Ordinary a(*_module, "user", "a"), b(*_module, "user", "b");
+    c.append(QList<TreeNode *> {&a, &b});
+    OvtTest::TreeNodeSignalRecorder recorder(&c);
+    _module->log.clear();
+
+    ChangeDisplayElementData change(2);
+    ElementData plain;
+    ElementData *data = record == "change" ? &change : record == "plain" ? &plain : nullptr;
+    (target == "c" ? static_cast<Element &>(c) : a)
+        .performOperation(ChangeDisplayOperation, data, 0);
+
+    const QStringList seen = QStringList {QString::number(c.displayChildrenVariant()),
+                                          QString::number(a.displayChildrenVariant()),
+                                          QString::number(b.displayChildrenVariant())}
+        + recorder.recorded();
+    QCOMPARE(seen.join(' '), expected);
+    QCOMPARE(_module->log, QStringList());
+    QCOMPARE(a.displayChildrenVariants(), c.displayChildrenVariants());
+}
+
+void tst_Element::supplementLoginMixin()
+{
+    Login login(*_module, "login", "login"), notLogin(*_module, "login", "other");
+    login.elementData()->insert(QStringLiteral("isLogin"), true);
+    Service service(*_module, "service", "service"); // a record without "isLogin"
+    Ordinary ordinary(*_module, "alias", "ordinary"); // no record
     ElementRootTreeNode root;
-    QCOMPARE(root.columnCount(), 1);
-    QCOMPARE(root.expectedDepth(), 0);
-    QCOMPARE(root.headerData(0, Qt::Horizontal).toString(), QString("Name"));
-    QVERIFY(!root.headerData(0, Qt::Vertical).isValid());
-    QVERIFY(!root.headerData(1, Qt::Horizontal).isValid());
-    QVERIFY(!root.headerData(0, Qt::Horizontal, Qt::ToolTipRole).isValid());
+    QStringList flags;
+    for (TreeNode *parent :
+         QList<TreeNode *> {&login, &notLogin, &service, &ordinary, &root, nullptr}) {
+        Mailbox mailbox(*_module, "mailbox");
+        if (parent)
+            parent->append(&mailbox);
+        flags << QString::number(mailbox.treeNodeSpecialFlags());
+    }
+    QCOMPARE(flags.join(' '), QString("2 3 3 2 2 2"));
+    QCOMPARE(SupplementLoginMixin(nullptr).treeNodeSpecialFlags(0x4), 0x4);
+    // The kind alone marks itself as supplement.
+    QCOMPARE(Mailbox(*_module, "mailbox").SupplementElement::treeNodeSpecialFlags(), 0x1);
+}
+
+void tst_Element::serviceIcon()
+{
+    Service service(*_module, "service", "sshd");
+    auto *light = static_cast<ServiceLightElementData *>(service.elementData());
+    const auto icon = [&] {
+        return service.data(0, Qt::DecorationRole).value<QIcon>().cacheKey();
+    };
+    const qint64 none = Element::defaultIcon().cacheKey();
+    QCOMPARE(icon(), none); // state never read
+    // Theme icons are cached by name, so the same name gives the same icon.
+    light->setState(true, QString());
+    QCOMPARE(icon(), QIcon::fromTheme("media-playback-start").cacheKey());
+    light->setState(false, "masked"); // an own text still decides by state
+    QCOMPARE(icon(), QIcon::fromTheme("media-playback-stop").cacheKey());
+    delete light;
+    service.setElementData(new ElementData);
+    QCOMPARE(icon(), none);
+    delete service.elementData();
+    service.setElementData(nullptr);
+    QCOMPARE(icon(), none);
 }
 
 QTEST_MAIN(tst_Element)
