@@ -138,7 +138,7 @@ void tst_Element::titleEditabilityAndWidgets()
 
 void tst_Element::lazyLoading_data()
 {
-    OvtTest::columns({"pending", "offered", "canFetch", "log", "pendingAfter"});
+    OvtTest::table();
     OvtTest::row("pending and readable: reads once", "1; 8; 1; box:8; 0");
     OvtTest::row("content not offered: nothing starts", "1; 20; 0; ; 1");
     OvtTest::row("already loaded", "0; 8; 0; ; 0");
@@ -146,11 +146,7 @@ void tst_Element::lazyLoading_data()
 
 void tst_Element::lazyLoading()
 {
-    QFETCH(QString, pending);
-    QFETCH(QString, offered);
-    QFETCH(QString, canFetch);
-    QFETCH(QString, log);
-    QFETCH(QString, pendingAfter);
+    const auto [pending, offered, canFetch, log, pendingAfter] = OvtTest::fields<5>();
 
     Plain box(*_module, "user", "box", -1, {}, {}, -1,
               OperationType(offered.toULongLong(nullptr, 16)));
@@ -177,7 +173,7 @@ void tst_Element::containerRearms()
 
 void tst_Element::treeNotifiesModules_data()
 {
-    OvtTest::columns({"pos", "count", "left", "removed"});
+    OvtTest::table();
     OvtTest::row("count cut to the end", "5; 10; e0 e1 e2 - e4; e5:2 e6:2");
     OvtTest::row("plain nodes go without notice", "2; 2; e0 e1 e4 e5 e6; e2:2");
     OvtTest::row("position at the end", "7; 1; e0 e1 e2 - e4 e5 e6; ");
@@ -187,10 +183,7 @@ void tst_Element::treeNotifiesModules_data()
 
 void tst_Element::treeNotifiesModules()
 {
-    QFETCH(QString, pos);
-    QFETCH(QString, count);
-    QFETCH(QString, left);
-    QFETCH(QString, removed);
+    const auto [pos, count, left, removed] = OvtTest::fields<4>();
 
     // Elements and the element root share the rules.
     for (bool underRoot : {false, true}) {
@@ -236,7 +229,7 @@ void tst_Element::kinds_data()
 {
     // Flags: e editable, p persistent, d under a container offering ChangeDisplay. Every
     // operation is then sent to the element; "forwarded" is what reached the module.
-    OvtTest::columns({"kind", "flags", "offered", "forwarded"});
+    OvtTest::table();
     const QString login = QStringLiteral("60028; e:8 e:20 e:20000 e:40000");
     OvtTest::row("login", "login; e;" + login);
     OvtTest::row("login, not editable: the same", "login; ;" + login);
@@ -254,10 +247,7 @@ void tst_Element::kinds_data()
 
 void tst_Element::kinds()
 {
-    QFETCH(QString, kind);
-    QFETCH(QString, flags);
-    QFETCH(QString, offered);
-    QFETCH(QString, forwarded);
+    const auto [kind, flags, offered, forwarded] = OvtTest::fields<4>();
 
     Container parent(*_module, "user", "parent", -1, {}, {}, -1, ChangeDisplayOperation);
     std::unique_ptr<Element> element
@@ -278,7 +268,7 @@ void tst_Element::kinds()
 void tst_Element::changeDisplay_data()
 {
     // expected: display variants of container, a and b, then the container's signals
-    OvtTest::columns({"offers", "record", "target", "expected"});
+    OvtTest::table();
     OvtTest::row("on a child, through the container",
                  "1; change; a; 2 2 2 childsDataChanged(user_c)");
     OvtTest::row("on the container", "1; change; c; 2 2 2 childsDataChanged(user_c)");
@@ -291,10 +281,7 @@ void tst_Element::changeDisplay_data()
 
 void tst_Element::changeDisplay()
 {
-    QFETCH(QString, offers);
-    QFETCH(QString, record);
-    QFETCH(QString, target);
-    QFETCH(QString, expected);
+    const auto [offers, record, target, expected] = OvtTest::fields<4>();
 
     Container c(*_module, "user", "c", -1, {}, {}, -1,
                 offers == "1" ? ChangeDisplayOperation : NoOperation);

@@ -144,7 +144,7 @@ void tst_ElementContainer::loadedTreeAndOperations()
 
 void tst_ElementContainer::proxies_data()
 {
-    OvtTest::columns({"proxy", "setting", "expected"});
+    OvtTest::table();
     OvtTest::row("supplements hidden, mailbox under a login kept", "visible; ;" + visibleTree);
     OvtTest::row("group Undefined shows all", "group; Undefined;" + visibleTree);
     OvtTest::row("group inherited from parents",
@@ -157,9 +157,7 @@ void tst_ElementContainer::proxies_data()
 
 void tst_ElementContainer::proxies()
 {
-    QFETCH(QString, proxy);
-    QFETCH(QString, setting);
-    QFETCH(QString, expected);
+    const auto [proxy, setting, expected] = OvtTest::fields<3>();
 
     QAbstractItemModel *model = _visible;
     if (proxy == QLatin1String("group")) {
