@@ -136,7 +136,6 @@ private Q_SLOTS:
         add("empty.so", "record Empty: Offers no modules");
         add("foreign.so", "null @: Unknown error task-reject");
         add("unresolved.so", "null @: *ovt_fixture_missing_symbol* task-reject");
-        add("garbage.so", "null @: * task-reject");
     }
 
     void recordPerFile()
@@ -313,7 +312,6 @@ private Q_SLOTS:
             disconnect(nested);
 
             // Then the container is what the newer load made of it, and every reset was closed
-            QVERIFY2(seen >= pass, qPrintable(QString::number(pass)));
             QCOMPARE(_container->pluginPath(), subDir);
             QCOMPARE(loadedFiles(*_container), QStringList {subDir + "/gamma.so"});
             QCOMPARE(_container->availableOperationsClass(), quint64(0x8));
