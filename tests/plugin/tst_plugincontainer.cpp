@@ -372,7 +372,29 @@ private Q_SLOTS:
             QApplication::processEvents();
             painter.drawImage(tab * dialog->width(), 0, dialog->grab().toImage());
         }
+        // The failure text of the invalid plug-in is its tool tip: show it over its row, as
+        // hovering does, and paint it into the picture where it appears.
+        auto *view = dialog->findChild<QTreeView *>("_pluginTtreeView");
+        dialog->findChild<QTabWidget *>("_pluginTabWidget")->setCurrentIndex(0);
+        const QModelIndexList failed = view->model()->match(
+            view->model()->index(0, 1), Qt::ToolTipRole, "missing package", 1, Qt::MatchContains);
+        QCOMPARE(failed.size(), 1);
+        const QRect cell = view->visualRect(failed.first());
+        const QPoint at = view->viewport()->mapToGlobal(cell.center());
+        QToolTip::showText(at, failed.first().data(Qt::ToolTipRole).toString(), view);
+        const auto shownTip = [] {
+            for (QWidget *widget : QApplication::topLevelWidgets())
+                if (widget->inherits("QTipLabel") && widget->isVisible())
+                    return widget;
+            return static_cast<QWidget *>(nullptr);
+        };
+        QWidget *tip = nullptr;
+        QTRY_VERIFY((tip = shownTip()));
+        painter.begin(&picture);
+        painter.drawImage(tip->geometry().topLeft() - dialog->geometry().topLeft(),
+                          tip->grab().toImage());
         painter.end();
+        QToolTip::hideText();
         QVERIFY(picture.save(QStringLiteral(OVT_DIALOG_PNG)));
 
         dialog->close();
