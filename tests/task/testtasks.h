@@ -68,8 +68,9 @@ class Task : public AbstractTask
 public:
     Task(Ledger *ledger, int id, const QString &title = QString(),
          TaskDescription::TaskStatus outcome = TaskDescription::Success,
-         const QString &message = QString(), Gate *gate = nullptr, quint64 flags = 0)
-        : AbstractTask(nullptr)
+         const QString &message = QString(), Gate *gate = nullptr, quint64 flags = 0,
+         ElementData *data = nullptr)
+        : AbstractTask(data)
         , _ledger(ledger)
         , _id(id)
         , _outcome(outcome)

@@ -1,9 +1,22 @@
+#include "element/elementdata.h"
 #include "task/taskobserver.h"
 #include "task/taskobservermodel.h"
 #include "task/thread.h"
 #include "testtasks.h"
 
 #include <QtTest>
+
+namespace {
+
+int dataDeletions = 0;
+
+class CountedData : public ElementData
+{
+public:
+    ~CountedData() override { ++dataDeletions; }
+};
+
+} // namespace
 
 /*
  * The worker pool. Its queue is static and process-wide: every function (and every stress
@@ -17,6 +30,8 @@ class tst_Thread : public QObject
 private slots:
     void initTestCase();
     void cleanupTestCase() { delete _observer; }
+    void taskStopRequest_data();
+    void taskStopRequest();
     void refusedBeforeTheFirstWorkerStarts();
     void stress_data();
     void stress();
@@ -33,6 +48,32 @@ void tst_Thread::initTestCase()
     // Completions go to the observer. No dialog: a batch here never lasts an hour.
     _observer = TaskObserver::instance();
     _observer->findChild<QTimer *>(QStringLiteral("_timer"))->setInterval(3600 * 1000);
+}
+
+void tst_Thread::taskStopRequest_data()
+{
+    QTest::addColumn<quint64>("flags");
+    QTest::addColumn<bool>("stoppable");
+    QTest::newRow("no flags") << quint64(0) << false;
+    QTest::newRow("other bits only") << quint64(0xFEull << 32 | 0x6) << false;
+    QTest::newRow("bit 0 among others") << quint64(0x8000000000000003ull) << true;
+}
+
+void tst_Thread::taskStopRequest()
+{
+    QFETCH(quint64, flags);
+    QFETCH(bool, stoppable);
+    Ledger ledger(1);
+    const int deletions = dataDeletions;
+    {
+        Task task(&ledger, 0, {}, TaskDescription::Success, {}, nullptr, flags, new CountedData);
+        // Asked twice: the same answer both times, and the flag is never cleared.
+        for (int i = 0; i < 2; ++i) {
+            QCOMPARE(task.setTaskAboutToBeStopped(), stoppable);
+            QCOMPARE(task.taskAboutToBeStopped(), stoppable);
+        }
+    }
+    QCOMPARE(dataDeletions, deletions + 1); // the task owned its element data
 }
 
 void tst_Thread::refusedBeforeTheFirstWorkerStarts()
