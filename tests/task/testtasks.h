@@ -6,319 +6,162 @@
 #include "task/thread.h"
 
 #include <QAbstractItemModelTester>
-#include <QCoreApplication>
-#include <QDeadlineTimer>
-#include <QElapsedTimer>
-#include <QList>
-#include <QPointer>
 #include <QSemaphore>
 #include <QTest>
 #include <QThread>
-#include <QTimer>
 
+#include <array>
 #include <atomic>
 #include <memory>
 
-/**
- * Counts, per task id, how often each task ran, got afterRun() and was deleted, and how often
- * any of that happened on the wrong thread. Atomics: runs and deletions of queued tasks happen
- * on workers.
- */
-class TaskLedger
+/** Counts per task id its runs, afterRun() calls and deletions (workers count too). */
+class Ledger
 {
 public:
-    explicit TaskLedger(int size)
-        : _size(size)
-        , _runs(new std::atomic<int>[size])
-        , _afterRuns(new std::atomic<int>[size])
-        , _deletions(new std::atomic<int>[size])
+    enum What { Run, AfterRun, Deletion };
+    explicit Ledger(int size)
+        : _counts(new std::array<std::atomic<int>, 3>[size]())
+    { }
+    void count(int id, What what)
     {
-        for (int i = 0; i < size; ++i) {
-            _runs[i] = 0;
-            _afterRuns[i] = 0;
-            _deletions[i] = 0;
-        }
+        ++_counts[id][what];
+        ++_totals[what];
+        // run() belongs on a worker, afterRun() on the user-interface thread.
+        if (what != Deletion && (what == Run) == (QThread::currentThread() == qApp->thread()))
+            ++_misplaced;
     }
+    int afterRuns() const { return _totals[AfterRun]; }
+    int deletions() const { return _totals[Deletion]; }
+    int misplaced() const { return _misplaced; }
 
-    int size() const { return _size; }
-    int runs(int id) const { return _runs[id]; }
-    int afterRuns(int id) const { return _afterRuns[id]; }
-    int deletions(int id) const { return _deletions[id]; }
-    int totalRuns() const { return _totalRuns; }
-    int totalAfterRuns() const { return _totalAfterRuns; }
-    int totalDeletions() const { return _totalDeletions; }
-    int runsOnUiThread() const { return _runsOnUiThread; }
-    int afterRunsOffUiThread() const { return _afterRunsOffUiThread; }
-
-    void ran(int id)
-    {
-        if (QThread::currentThread() == QCoreApplication::instance()->thread())
-            ++_runsOnUiThread;
-        ++_runs[id];
-        ++_totalRuns;
-    }
-    void afterRan(int id)
-    {
-        if (QThread::currentThread() != QCoreApplication::instance()->thread())
-            ++_afterRunsOffUiThread;
-        ++_afterRuns[id];
-        ++_totalAfterRuns;
-    }
-    void deleted(int id)
-    {
-        ++_deletions[id];
-        ++_totalDeletions;
-    }
-
-    /** Forgets the deletion of a task that never went anywhere, so its id can be reused. */
-    void forget(int id)
-    {
-        --_deletions[id];
-        --_totalDeletions;
-    }
-
-    /** Empty string when ids [first, last) each ran, finished and were deleted once. */
-    QByteArray checkCompleted(int first, int last) const
+    /** Empty when each of ids [first, last) ran, got afterRun() and was deleted as expected. */
+    QByteArray check(int first, int last, const QByteArray &expected = "1 1 1") const
     {
         for (int id = first; id < last; ++id) {
-            if (_runs[id] != 1 || _afterRuns[id] != 1 || _deletions[id] != 1)
-                return QByteArray("task ") + QByteArray::number(id) + " ran "
-                    + QByteArray::number(_runs[id]) + ", afterRun "
-                    + QByteArray::number(_afterRuns[id]) + ", deleted "
-                    + QByteArray::number(_deletions[id]);
+            const auto &c = _counts[id];
+            const QByteArray got = QByteArray::number(c[Run]) + ' '
+                + QByteArray::number(c[AfterRun]) + ' ' + QByteArray::number(c[Deletion]);
+            if (got != expected)
+                return "task " + QByteArray::number(id) + " (run, afterRun, delete): " + got;
         }
         return QByteArray();
     }
 
 private:
-    int _size;
-    std::unique_ptr<std::atomic<int>[]> _runs;
-    std::unique_ptr<std::atomic<int>[]> _afterRuns;
-    std::unique_ptr<std::atomic<int>[]> _deletions;
-    std::atomic<int> _totalRuns {0};
-    std::atomic<int> _totalAfterRuns {0};
-    std::atomic<int> _totalDeletions {0};
-    std::atomic<int> _runsOnUiThread {0};
-    std::atomic<int> _afterRunsOffUiThread {0};
+    std::unique_ptr<std::array<std::atomic<int>, 3>[]> _counts;
+    std::array<std::atomic<int>, 3> _totals {};
+    std::atomic<int> _misplaced {0};
 };
 
-/** A task that reports to a ledger and finishes with a given status and message. */
-class LedgerTask : public AbstractTask
+/** started: released by each task that reaches the gate; open: lets one waiting task go on. */
+struct Gate
+{
+    QSemaphore started, open;
+};
+
+/**
+ * Reports to a ledger and ends with a given outcome. With a gate it waits there in run(); a
+ * stoppable one (flag bit 0) asked to stop meanwhile fails with "Terminate by user".
+ */
+class Task : public AbstractTask
 {
 public:
-    LedgerTask(TaskLedger *ledger, int id, const QString &title = QString(),
-               TaskDescription::TaskStatus outcome = TaskDescription::Success,
-               const QString &message = QString(), quint64 flags = 0, int spinMicroseconds = 0)
-        : AbstractTask(nullptr)
+    Task(Ledger *ledger, int id, const QString &title = QString(),
+         TaskDescription::TaskStatus outcome = TaskDescription::Success,
+         const QString &message = QString(), Gate *gate = nullptr, quint64 flags = 0,
+         ElementData *data = nullptr)
+        : AbstractTask(data)
         , _ledger(ledger)
         , _id(id)
         , _outcome(outcome)
-        , _outcomeMessage(message)
-        , _spinMicroseconds(spinMicroseconds)
+        , _message(message)
+        , _gate(gate)
     {
         _taskSpecialFlags = flags;
-        _taskDescription.setDescription(title.isEmpty() ? QString::number(id) : title);
+        _taskDescription.setDescription(title);
     }
-    ~LedgerTask() override { _ledger->deleted(_id); }
+    ~Task() override { _ledger->count(_id, Ledger::Deletion); }
 
     void run() override
     {
-        _ledger->ran(_id);
-        if (_spinMicroseconds > 0) {
-            QElapsedTimer timer;
-            timer.start();
-            while (timer.nsecsElapsed() < qint64(_spinMicroseconds) * 1000) { }
+        _ledger->count(_id, Ledger::Run);
+        if (_id % 7 == 0)
+            QThread::yieldCurrentThread(); // let other workers overtake
+        if (_gate)
+            _gate->started.release();
+        while (_gate) {
+            if (taskAboutToBeStopped()) {
+                _outcome = TaskDescription::Fail;
+                _message = QStringLiteral("Terminate by user");
+                break;
+            }
+            if (_gate->open.tryAcquire(1, 2))
+                break;
         }
-        work();
         _taskDescription.setStatus(_outcome);
-        _taskDescription.setMessage(_outcomeMessage);
+        _taskDescription.setMessage(_message);
         AbstractTask::run();
     }
-    void afterRun() override { _ledger->afterRan(_id); }
+    void afterRun() override { _ledger->count(_id, Ledger::AfterRun); }
 
-    int id() const { return _id; }
-
-protected:
-    virtual void work() { }
-
-    TaskLedger *_ledger; // not owned
+private:
+    Ledger *_ledger; // not owned
     int _id;
     TaskDescription::TaskStatus _outcome;
-    QString _outcomeMessage;
-    int _spinMicroseconds;
-};
-
-/**
- * Opens a set of tasks that wait in run(): started counts the tasks that began waiting, open
- * lets one waiting task go on per release.
- */
-struct Gate
-{
-    QSemaphore started;
-    QSemaphore open;
-};
-
-/** A ledger task that waits at a gate in run() before finishing. */
-class GateTask : public LedgerTask
-{
-public:
-    GateTask(TaskLedger *ledger, int id, Gate *gate, const QString &title = QString(),
-             TaskDescription::TaskStatus outcome = TaskDescription::Success,
-             const QString &message = QString(), quint64 flags = 0)
-        : LedgerTask(ledger, id, title, outcome, message, flags)
-        , _gate(gate)
-    { }
-
-protected:
-    void work() override
-    {
-        _gate->started.release();
-        _gate->open.acquire();
-    }
-
+    QString _message;
     Gate *_gate; // not owned, outlives the task
 };
 
-/**
- * A stoppable task (flag bit 0) that waits at a gate, polling the stop request; asked to
- * stop, it fails with "Terminate by user".
- */
-class StoppableTask : public GateTask
-{
-public:
-    StoppableTask(TaskLedger *ledger, int id, Gate *gate, const QString &title = QString())
-        : GateTask(ledger, id, gate, title, TaskDescription::Success, QString(), 1)
-    { }
-
-protected:
-    void work() override
-    {
-        _gate->started.release();
-        for (;;) {
-            if (taskAboutToBeStopped()) {
-                _outcome = TaskDescription::Fail;
-                _outcomeMessage = QStringLiteral("Terminate by user");
-                return;
-            }
-            if (_gate->open.tryAcquire(1, 2))
-                return;
-        }
-    }
-};
-
-/** A task that does not override run(): it posts its completion at once. */
-class PlainTask : public AbstractTask
-{
-public:
-    PlainTask(TaskLedger *ledger, int id)
-        : AbstractTask(nullptr)
-        , _ledger(ledger)
-        , _id(id)
-    { }
-    ~PlainTask() override { _ledger->deleted(_id); }
-    void afterRun() override { _ledger->afterRan(_id); }
-
-private:
-    TaskLedger *_ledger; // not owned
-    int _id;
-};
-
-/**
- * Runs the event loop until @p done() holds or @p timeout milliseconds have passed. It wakes
- * on every event, so completions are handled as soon as they arrive (QTRY_ polls in 50 ms
- * steps, which adds up over thousands of batches); a timer wakes it to check the deadline.
- */
-template<typename Predicate> bool waitUntil(Predicate done, int timeout = 60000)
-{
-    const QDeadlineTimer deadline(timeout);
-    QTimer wake;
-    wake.start(50);
-    while (!done()) {
-        if (deadline.hasExpired())
-            return false;
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-    return true;
-}
-
-/**
- * The Thread objects of one pool. Destroying them all stops the pool and waits for every
- * worker, which leaves the queue's static state as it was before the pool started.
- */
+/** The Thread objects of one pool; destroying them all resets the static queue. */
 class Pool
 {
 public:
     explicit Pool(int workers)
     {
         for (int i = 0; i < workers; ++i) {
-            auto *thread = new Thread;
-            thread->start();
-            _threads.append(thread);
+            threads.append(new Thread);
+            threads.last()->start();
         }
     }
     ~Pool() { stop(); }
-    Pool(const Pool &) = delete;
-    Pool &operator=(const Pool &) = delete;
-
     void stop()
     {
-        // The first destruction stops the whole pool; each later one waits for its worker.
-        qDeleteAll(_threads);
-        _threads.clear();
+        qDeleteAll(threads);
+        threads.clear();
     }
-
-    QList<Thread *> &threads() { return _threads; }
-
-    /**
-     * Waits until the queue accepts a task, i.e. the first worker has opened it, putting
-     * @p probe; the probe belongs to the pool from then on.
-     */
-    static bool waitUntilOpen(AbstractTask *probe, int timeout = 10000)
+    /** Puts @p probe once the first worker has opened the queue. */
+    static bool open(AbstractTask *probe)
     {
-        return QTest::qWaitFor([probe] { return Thread::put(probe); }, timeout);
+        return QTest::qWaitFor([probe] { return Thread::put(probe); }, 10000);
     }
 
-private:
-    QList<Thread *> _threads;
+    QList<Thread *> threads;
 };
 
 /**
- * Keeps a Fatal QAbstractItemModelTester on a task observer model at all times except while
- * the observer clears its list.
+ * Keeps a Fatal QAbstractItemModelTester on a model except while rows are removed.
  *
- * clearTasks() announces the removal of the whole list as tasksAboutToBeRemoved(n, n), the
- * list length twice, which the model hands on unchanged to beginRemoveRows(n, n): a range
- * one past the last row. That pair is part of the observer's interface and is kept, but the
- * tester rightly rejects it (it expects rows n..n to exist and the count to drop by one). So
- * the tester is dropped just before that removal and a fresh one checks the emptied model
- * right after it; every insertion, data change and stop request is checked.
- *
- * Construct the guard before anything else connects to the model's removal signals that
- * must not see a dead tester: its own connections must run before the tester's.
+ * clearTasks() announces the removal of the whole list as (n, n), the list length twice, and
+ * the model hands that on to beginRemoveRows(n, n): one past the last row. The pair is part of
+ * the observer's interface and is kept, but the tester rightly rejects it, so it sits out that
+ * removal and a fresh one checks the emptied model. Construct the guard before the tester
+ * would otherwise be connected, so that its slots run first.
  */
 class ModelTesterGuard : public QObject
 {
 public:
     explicit ModelTesterGuard(QAbstractItemModel *model)
-        : _model(model)
     {
+        auto attach = [this, model] {
+            _tester.reset(new QAbstractItemModelTester(
+                model, QAbstractItemModelTester::FailureReportingMode::Fatal));
+        };
         connect(model, &QAbstractItemModel::rowsAboutToBeRemoved, this,
                 [this] { _tester.reset(); });
-        connect(model, &QAbstractItemModel::rowsRemoved, this, [this] { attach(); });
+        connect(model, &QAbstractItemModel::rowsRemoved, this, attach);
         attach();
     }
 
-    int attachments() const { return _attachments; }
-
 private:
-    void attach()
-    {
-        _tester.reset(new QAbstractItemModelTester(
-            _model, QAbstractItemModelTester::FailureReportingMode::Fatal));
-        ++_attachments;
-    }
-
-    QAbstractItemModel *_model; // not owned
     std::unique_ptr<QAbstractItemModelTester> _tester;
-    int _attachments = 0;
 };
