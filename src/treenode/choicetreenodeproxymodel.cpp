@@ -87,26 +87,14 @@ void ChoiceTreeNodeProxyModel::clearAddRemoveNames()
     _removeNames.clear();
 }
 
-const TreeNodeModelExtension *ChoiceTreeNodeProxyModel::sourceExtension() const
-{
-    // Looked up on every call: the source may be replaced or destroyed behind our back.
-    return dynamic_cast<const TreeNodeModelExtension *>(sourceModel());
-}
-
 TreeNode *ChoiceTreeNodeProxyModel::rootNode() const
 {
-    const TreeNodeModelExtension *extension = sourceExtension();
-    return extension ? extension->rootNode() : nullptr;
+    return OvtCommonPrivate::proxyRootNode(this);
 }
 
 TreeNode *ChoiceTreeNodeProxyModel::toTreeNode(const QModelIndex &index) const
 {
-    const TreeNodeModelExtension *extension = sourceExtension();
-    if (!extension)
-        return nullptr;
-    if (index.isValid() && index.model() != this)
-        return nullptr;
-    return extension->toTreeNode(mapToSource(index.sibling(index.row(), 0)));
+    return OvtCommonPrivate::proxyToTreeNode(this, index);
 }
 
 QList<TreeNode *> ChoiceTreeNodeProxyModel::toTreeNode(const QItemSelectionRange &range) const
@@ -121,10 +109,7 @@ QList<TreeNode *> ChoiceTreeNodeProxyModel::toTreeNode(const QItemSelection &sel
 
 QModelIndex ChoiceTreeNodeProxyModel::treeNodeToIndex(TreeNode *node) const
 {
-    const TreeNodeModelExtension *extension = sourceExtension();
-    if (!node || !extension)
-        return QModelIndex();
-    return mapFromSource(extension->treeNodeToIndex(node));
+    return OvtCommonPrivate::proxyTreeNodeToIndex(this, node);
 }
 
 QString ChoiceTreeNodeProxyModel::nameOf(const QModelIndex &sourceIndex) const
@@ -164,7 +149,8 @@ bool ChoiceTreeNodeProxyModel::setData(const QModelIndex &index, const QVariant 
     if (!sourceModel())
         return false;
     const bool ours = index.model() == this;
-    if (!sourceExtension() || !ours || role != _choiceRole || index.column() != _nameColumn)
+    if (!OvtCommonPrivate::sourceExtension(this) || !ours || role != _choiceRole
+        || index.column() != _nameColumn)
         return sourceModel()->setData(ours ? mapToSource(index) : QModelIndex(), value, role);
 
     const QModelIndex sourceIndex = mapToSource(index);

@@ -79,7 +79,6 @@ Q_SIGNALS:
     void stateChanged();
 
 private:
-    const TreeNodeModelExtension *sourceExtension() const;
     /** The name of the row of the source index @p sourceIndex. */
     QString nameOf(const QModelIndex &sourceIndex) const;
     /** The state of the row of the source index @p sourceIndex, blocked names included. */

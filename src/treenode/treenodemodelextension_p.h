@@ -3,6 +3,7 @@
 #include "treenode/treenodemodelextension.h"
 
 #include <QAbstractItemModel>
+#include <QAbstractProxyModel>
 #include <QSet>
 
 namespace OvtCommonPrivate {
@@ -46,6 +47,37 @@ inline QList<TreeNode *> nodesOfSelection(const TreeNodeModelExtension *extensio
     for (const QItemSelectionRange &range : selection)
         appendNodesOfRange(extension, model, range, nodes, seen);
     return nodes;
+}
+
+// The node lookups of a proxy, answered through its source model's extension. The source is
+// looked up on every call: it may be replaced or destroyed behind the proxy's back.
+inline const TreeNodeModelExtension *sourceExtension(const QAbstractProxyModel *proxy)
+{
+    return dynamic_cast<const TreeNodeModelExtension *>(proxy->sourceModel());
+}
+
+inline TreeNode *proxyRootNode(const QAbstractProxyModel *proxy)
+{
+    const TreeNodeModelExtension *extension = sourceExtension(proxy);
+    return extension ? extension->rootNode() : nullptr;
+}
+
+// The node of a row is asked in column 0, so any column of a row maps to the row's node; an
+// index of another model maps to none rather than tripping mapToSource().
+inline TreeNode *proxyToTreeNode(const QAbstractProxyModel *proxy, const QModelIndex &index)
+{
+    const TreeNodeModelExtension *extension = sourceExtension(proxy);
+    if (!extension || (index.isValid() && index.model() != proxy))
+        return nullptr;
+    return extension->toTreeNode(proxy->mapToSource(index.sibling(index.row(), 0)));
+}
+
+inline QModelIndex proxyTreeNodeToIndex(const QAbstractProxyModel *proxy, TreeNode *node)
+{
+    const TreeNodeModelExtension *extension = sourceExtension(proxy);
+    if (!node || !extension)
+        return QModelIndex();
+    return proxy->mapFromSource(extension->treeNodeToIndex(node));
 }
 
 } // namespace OvtCommonPrivate

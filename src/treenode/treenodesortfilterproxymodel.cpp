@@ -32,26 +32,14 @@ void TreeNodeSortFilterProxyModel::setAcceptColumns(const QSet<int> &acceptColum
     endResetModel();
 }
 
-const TreeNodeModelExtension *TreeNodeSortFilterProxyModel::sourceExtension() const
-{
-    // Looked up on every call: the source may be replaced or destroyed behind our back.
-    return dynamic_cast<const TreeNodeModelExtension *>(sourceModel());
-}
-
 TreeNode *TreeNodeSortFilterProxyModel::rootNode() const
 {
-    const TreeNodeModelExtension *extension = sourceExtension();
-    return extension ? extension->rootNode() : nullptr;
+    return OvtCommonPrivate::proxyRootNode(this);
 }
 
 TreeNode *TreeNodeSortFilterProxyModel::toTreeNode(const QModelIndex &index) const
 {
-    const TreeNodeModelExtension *extension = sourceExtension();
-    if (!extension)
-        return nullptr;
-    if (index.isValid() && index.model() != this)
-        return nullptr;
-    return extension->toTreeNode(mapToSource(index.sibling(index.row(), 0)));
+    return OvtCommonPrivate::proxyToTreeNode(this, index);
 }
 
 QList<TreeNode *> TreeNodeSortFilterProxyModel::toTreeNode(const QItemSelectionRange &range) const
@@ -66,10 +54,7 @@ QList<TreeNode *> TreeNodeSortFilterProxyModel::toTreeNode(const QItemSelection 
 
 QModelIndex TreeNodeSortFilterProxyModel::treeNodeToIndex(TreeNode *node) const
 {
-    const TreeNodeModelExtension *extension = sourceExtension();
-    if (!node || !extension)
-        return QModelIndex();
-    return mapFromSource(extension->treeNodeToIndex(node));
+    return OvtCommonPrivate::proxyTreeNodeToIndex(this, node);
 }
 
 bool TreeNodeSortFilterProxyModel::filterAcceptsColumn(int sourceColumn, const QModelIndex &) const
@@ -80,7 +65,7 @@ bool TreeNodeSortFilterProxyModel::filterAcceptsColumn(int sourceColumn, const Q
 bool TreeNodeSortFilterProxyModel::filterAcceptsRow(int sourceRow,
                                                     const QModelIndex &sourceParent) const
 {
-    const TreeNodeModelExtension *extension = sourceExtension();
+    const TreeNodeModelExtension *extension = OvtCommonPrivate::sourceExtension(this);
     if (!extension)
         return true;
     const TreeNode *node = extension->toTreeNode(sourceModel()->index(sourceRow, 0, sourceParent));

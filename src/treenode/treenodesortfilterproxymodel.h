@@ -46,9 +46,6 @@ protected:
     bool filterAcceptsColumn(int sourceColumn, const QModelIndex &sourceParent) const override;
     bool filterAcceptsRow(int sourceRow, const QModelIndex &sourceParent) const override;
 
-    /** The source model as a node-tree model, or null. */
-    const TreeNodeModelExtension *sourceExtension() const;
-
     int _specialFlagsFilter;
     QSet<int> _acceptColumns;
 };
