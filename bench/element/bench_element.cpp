@@ -178,6 +178,8 @@ void report(const char *what, double ours, double standard, int rows)
 
 int main(int argc, char **argv)
 {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen"); // element icons need a GUI application, no screen
     QApplication app(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("ovt-bench"));
     QCoreApplication::setApplicationName(QStringLiteral("bench_element"));
