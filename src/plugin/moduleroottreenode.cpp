@@ -1,5 +1,7 @@
 #include "moduleroottreenode.h"
 
+#include "treenode/horizontalheader_p.h"
+
 ModuleRootTreeNode::ModuleRootTreeNode(QObject *parent)
     : TreeNode(0, QString(), parent)
 { }
@@ -11,16 +13,6 @@ int ModuleRootTreeNode::columnCount() const
 
 QVariant ModuleRootTreeNode::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
-        return QVariant();
-    switch (section) {
-    case 0:
-        return tr("Name");
-    case 1:
-        return tr("Reread");
-    case 2:
-        return tr("Description");
-    default:
-        return QVariant();
-    }
+    return OvtCommonPrivate::horizontalHeader(section, orientation, role,
+                                              {tr("Name"), tr("Reread"), tr("Description")});
 }

@@ -3,6 +3,7 @@
 #include "plugin/plugin.h"
 #include "plugin/plugincontainer.h"
 #include "plugin/simpleplugin.h"
+#include "treenode/horizontalheader_p.h"
 #include "treenode/treenode.h"
 
 #include <QIcon>
@@ -91,16 +92,8 @@ int PluginModel::columnCount(const QModelIndex &) const
 
 QVariant PluginModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
-        return QVariant();
-    switch (section) {
-    case 0:
-        return tr("Name");
-    case 1:
-        return tr("Description");
-    default:
-        return QVariant();
-    }
+    return OvtCommonPrivate::horizontalHeader(section, orientation, role,
+                                              {tr("Name"), tr("Description")});
 }
 
 QVariant PluginModel::data(const QModelIndex &index, int role) const

@@ -2,6 +2,7 @@
 
 #include "task/abstracttask.h"
 #include "task/taskobserver.h"
+#include "treenode/horizontalheader_p.h"
 
 #include <QIcon>
 
@@ -94,17 +95,8 @@ QVariant TaskObserverModel::data(const QModelIndex &index, int role) const
 
 QVariant TaskObserverModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
-        return QVariant();
-    switch (section) {
-    case 0:
-        return tr("Task");
-    case 1:
-        return tr("Status");
-    case 2:
-        return tr("Message");
-    }
-    return QVariant();
+    return OvtCommonPrivate::horizontalHeader(section, orientation, role,
+                                              {tr("Task"), tr("Status"), tr("Message")});
 }
 
 bool TaskObserverModel::setData(const QModelIndex &index, const QVariant &value, int role)

@@ -1,5 +1,7 @@
 #include "confroottreenode.h"
 
+#include "treenode/horizontalheader_p.h"
+
 ConfRootTreeNode::ConfRootTreeNode(QObject *parent)
     : TreeNode(0, QString(), parent)
 { }
@@ -16,14 +18,6 @@ int ConfRootTreeNode::columnCount() const
 
 QVariant ConfRootTreeNode::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
-        return QVariant();
-    switch (section) {
-    case 0:
-        return tr("Name");
-    case 1:
-        return tr("Value");
-    default:
-        return QVariant();
-    }
+    return OvtCommonPrivate::horizontalHeader(section, orientation, role,
+                                              {tr("Name"), tr("Value")});
 }
