@@ -5,19 +5,8 @@
 
 #include <QIcon>
 
-namespace {
-
-// Shells that refuse every login; an account with one of them is a system account.
-bool isLoginShell(const QString &shell)
-{
-    return !shell.isEmpty() && !shell.endsWith(QLatin1String("/nologin"))
-        && !shell.endsWith(QLatin1String("/false"));
-}
-
-} // namespace
-
 AccountElement::AccountElement(Module &module, const QString &user, uint uid, const QString &home,
-                               const QString &shell)
+                               const QString &shell, bool isLogin)
     : LoginElement(module, &Module::defaultFalse)
 {
     _elementType = QStringLiteral("account");
@@ -25,7 +14,7 @@ AccountElement::AccountElement(Module &module, const QString &user, uint uid, co
     setTitle(user);
     ElementData *record = elementData();
     record->insert(QStringLiteral("user"), user);
-    record->insert(QStringLiteral("isLogin"), isLoginShell(shell));
+    record->insert(QStringLiteral("isLogin"), isLogin);
     record->insert(QStringLiteral("uid"), uid);
     record->insert(QStringLiteral("home"), home);
     record->insert(QStringLiteral("shell"), shell);

@@ -4,7 +4,7 @@
 
 /**
  * One account of /etc/passwd. Its record holds "user" (the login name) and "isLogin" (true
- * when the shell lets the account log in), as every LoginElement's does, plus "uid", "home"
+ * when its shell is a login shell of /etc/shells), as every LoginElement's does, plus "uid", "home"
  * and "shell" for the caption.
  */
 class AccountElement : public LoginElement
@@ -13,7 +13,7 @@ class AccountElement : public LoginElement
 
 public:
     AccountElement(Module &module, const QString &user, uint uid, const QString &home,
-                   const QString &shell);
+                   const QString &shell, bool isLogin);
 
     QString caption() const override;
     QVariant data(int column, int role) const override;

@@ -5,6 +5,7 @@
 #include "plugin/module.h"
 
 #include <QFile>
+#include <QSet>
 
 ReadAccountsTask::ReadAccountsTask(ContainerElement *folder, const QString &path)
     : AbstractTask(nullptr)
@@ -23,12 +24,24 @@ void ReadAccountsTask::run()
         taskDescription().setMessage(tr("Cannot read %1: %2").arg(_path, file.errorString()));
         return AbstractTask::run();
     }
+    // An account logs in when its shell is one of /etc/shells; /usr/sbin/nologin, /bin/false
+    // and /bin/sync are not.
+    QSet<QString> loginShells;
+    QFile shells(QStringLiteral("/etc/shells"));
+    if (shells.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        while (!shells.atEnd()) {
+            const QString shell = QString::fromLocal8Bit(shells.readLine()).trimmed();
+            if (!shell.isEmpty() && !shell.startsWith(QLatin1Char('#')))
+                loginShells.insert(shell);
+        }
+    }
     // name:password:uid:gid:gecos:home:shell
     while (!file.atEnd()) {
         const QStringList fields = QString::fromLocal8Bit(file.readLine()).trimmed().split(':');
         if (fields.size() < 7 || fields.at(0).isEmpty())
             continue;
-        _accounts.append({fields.at(0), fields.at(2).toUInt(), fields.at(5), fields.at(6)});
+        _accounts.append({fields.at(0), fields.at(2).toUInt(), fields.at(5), fields.at(6),
+                          loginShells.contains(fields.at(6))});
     }
     // Without an explicit outcome the task would stay "processing" in the observer.
     taskDescription().setStatus(TaskDescription::Success);
@@ -47,7 +60,7 @@ void ReadAccountsTask::afterRun()
     QList<TreeNode *> accounts;
     for (const Account &account : qAsConst(_accounts))
         accounts << new AccountElement(module, account.user, account.uid, account.home,
-                                       account.shell);
+                                       account.shell, account.isLogin);
     // One insertion: views see one block of new rows, not one per account.
     _folder->append(accounts);
 }

@@ -33,6 +33,7 @@ private:
         uint uid;
         QString home;
         QString shell;
+        bool isLogin;
     };
 
     // The plug-ins may be reloaded while the task waits: a guarded pointer tells.

@@ -35,7 +35,9 @@ MainWindow::MainWindow(QWidget *parent)
 
     _moduleView->setModel(_plugins->treeNodeModel());
     _moduleView->setAlternatingRowColors(true);
-    connect(_moduleView->selectionModel(), &QItemSelectionModel::currentChanged, this,
+    // Selection, not the current index: a view that gets the focus makes its first row
+    // current without anyone choosing it.
+    connect(_moduleView->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &MainWindow::moduleChosen);
 
     // The proxy hides supplements and narrows the tree to the chosen module's group. The
@@ -50,7 +52,7 @@ MainWindow::MainWindow(QWidget *parent)
     splitter->addWidget(_moduleView);
     splitter->addWidget(_elementView);
     splitter->setStretchFactor(1, 1);
-    splitter->setSizes({380, 420});
+    splitter->setSizes({400, 500});
     setCentralWidget(splitter);
 
     auto *pluginsAction = new QAction(QIcon::fromTheme(QStringLiteral("application-x-addon")),
@@ -71,7 +73,7 @@ MainWindow::MainWindow(QWidget *parent)
     toolBar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     toolBar->addAction(pluginsAction);
 
-    resize(800, 520);
+    resize(900, 600);
 }
 
 MainWindow::~MainWindow()
@@ -102,7 +104,9 @@ void MainWindow::pluginsReset()
 void MainWindow::moduleChosen()
 {
     // The elements carry their module's name as group; no module chosen shows them all.
-    TreeNode *node = _plugins->treeNodeModel()->toTreeNode(_moduleView->currentIndex());
+    const QModelIndexList chosen = _moduleView->selectionModel()->selectedRows();
+    TreeNode *node
+        = chosen.isEmpty() ? nullptr : _plugins->treeNodeModel()->toTreeNode(chosen.first());
     _elementProxy->setGroupElementType(node ? node->id() : ContextOperation::undefinedElementType);
     expandFixedElements();
 }
