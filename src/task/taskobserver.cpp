@@ -9,11 +9,20 @@
 #include "task/tsan_p.h"
 
 #include <QCoreApplication>
+#include <QMutex>
 #include <QThread>
 #include <QTimer>
 #include <QWidget>
 
 TaskObserver *TaskObserver::_instance = nullptr;
+
+namespace {
+
+// Workers post completions to _instance while the user-interface thread may create or destroy
+// the observer: the pointer changes, and is used for posting, only under this lock.
+QMutex instanceMutex;
+
+} // namespace
 
 TaskObserver *TaskObserver::instance(QObject *parent)
 {
@@ -35,7 +44,10 @@ TaskObserver::TaskObserver(QObject *parent)
     , _blockDialog(nullptr)
     , _dialog(nullptr)
 {
-    _instance = this;
+    {
+        Tsan::MutexLocker locker(&instanceMutex);
+        _instance = this;
+    }
 
     _timer->setObjectName(QStringLiteral("_timer"));
     _timer->setSingleShot(true);
@@ -53,11 +65,30 @@ TaskObserver::TaskObserver(QObject *parent)
 
 TaskObserver::~TaskObserver()
 {
+    {
+        // From here on a finishing task finds no observer instead of a dying one.
+        Tsan::MutexLocker locker(&instanceMutex);
+        if (_instance == this)
+            _instance = nullptr;
+    }
     // The dialog's view uses the model, a child of ours: the dialog goes first.
     delete _dialog;
     delete _blockDialog;
-    if (_instance == this)
-        _instance = nullptr;
+}
+
+bool TaskObserver::postTaskPerformed(AbstractTask *task)
+{
+    // Never instance(): an observer created here would live on a worker thread.
+    Tsan::MutexLocker locker(&instanceMutex);
+    if (!_instance)
+        return false;
+    auto *event = new TaskPerformedEvent(task);
+    // The event is the hand-over: everything run() wrote into the task (and the event itself)
+    // belongs to the user-interface thread once it is posted.
+    Tsan::release(task);
+    Tsan::release(event);
+    QCoreApplication::postEvent(_instance, event, Qt::NormalEventPriority);
+    return true;
 }
 
 void TaskObserver::performTask(AbstractTask *task)

@@ -44,7 +44,10 @@ public:
      */
     static TaskObserver *instance(QObject *parent = nullptr);
 
-    /** Deletes both dialogs; tasks still in flight are not deleted. */
+    /**
+     * Deletes both dialogs. Tasks still in flight are not deleted by the observer; a task that
+     * completes after it is gone is deleted by its worker without afterRun().
+     */
     ~TaskObserver() override;
 
     /**
@@ -92,6 +95,13 @@ private:
     Q_DISABLE_COPY(TaskObserver)
 
     friend class TaskObserverModel;
+    friend class AbstractTask;
+
+    /**
+     * Posts the completion of @p task to the observer; called on a worker thread. Returns
+     * false when there is no observer (never created, or already destroyed).
+     */
+    static bool postTaskPerformed(AbstractTask *task);
 
     struct TaskEntry
     {
