@@ -95,7 +95,10 @@ void TaskObserver::performTask(AbstractTask *task)
 {
     if (!task)
         return;
-    if (_taskRows.contains(task))
+    // A listed task whose entry has let go of it has finished and been deleted: what comes
+    // now is a new task that the allocator placed at the same address.
+    const auto listed = _taskRows.constFind(task);
+    if (listed != _taskRows.constEnd() && _tasks.at(listed.value()).task == task)
         return;
     if (task->taskAboutToBeStopped())
         return;
@@ -169,10 +172,8 @@ void TaskObserver::taskPerformedEvent(TaskPerformedEvent *e)
             break;
         }
 
-        // The task is deleted below. Its row forgets it at once, and so does the map: a later
-        // task of the same batch may be allocated at the same address, and must then be
-        // queued, not refused as given twice.
-        _taskRows.erase(found);
+        // The task is deleted below: its row lets go of it at once, so that nothing reads the
+        // flags of a deleted task. Its key stays in the map until the batch is cleared.
         entry.task = nullptr;
 
         if (_runningCount == 0) {
@@ -181,6 +182,7 @@ void TaskObserver::taskPerformedEvent(TaskPerformedEvent *e)
                 _blockDialog->reject();
                 _timer->stop();
             }
+            _taskRows.remove(task);
             if (_dialog->isVisible()) {
                 // Closing the dialog clears the batch through its rejected() signal.
                 if (_problemCount == 0)
