@@ -152,8 +152,10 @@ void TaskObserver::taskPerformedEvent(TaskPerformedEvent *e)
     if (!task)
         return;
 
+    // A key whose row has let go of its task is a finished task's: not this one.
     const auto found = _taskRows.constFind(task);
-    if (found != _taskRows.constEnd() && found.value() != -1) {
+    if (found != _taskRows.constEnd() && found.value() != -1
+        && _tasks.at(found.value()).task == task) {
         const int row = found.value();
         TaskEntry &entry = _tasks[row];
         entry.description = task->taskDescription();
@@ -175,24 +177,26 @@ void TaskObserver::taskPerformedEvent(TaskPerformedEvent *e)
         // The task is deleted below: its row lets go of it at once, so that nothing reads the
         // flags of a deleted task. Its key stays in the map until the batch is cleared.
         entry.task = nullptr;
+    }
 
-        if (_runningCount == 0) {
-            _dialog->unblockCloseButton();
-            if (_timer->isActive()) {
-                _blockDialog->reject();
-                _timer->stop();
-            }
-            _taskRows.remove(task);
-            if (_dialog->isVisible()) {
-                // Closing the dialog clears the batch through its rejected() signal.
-                if (_problemCount == 0)
-                    _dialog->reject();
-            } else {
-                if (_problemCount != 0)
-                    _dialog->open();
-                else
-                    clearTasks();
-            }
+    // Also after a completion that is not in the list: one left over from a batch cleared while
+    // it ran still brings the observer back to idle, its block dialog and timer included.
+    if (_runningCount == 0) {
+        _dialog->unblockCloseButton();
+        if (_timer->isActive()) {
+            _blockDialog->reject();
+            _timer->stop();
+        }
+        _taskRows.remove(task);
+        if (_dialog->isVisible()) {
+            // Closing the dialog clears the batch through its rejected() signal.
+            if (_problemCount == 0)
+                _dialog->reject();
+        } else {
+            if (_problemCount != 0)
+                _dialog->open();
+            else
+                clearTasks();
         }
     }
 
