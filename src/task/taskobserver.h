@@ -84,9 +84,9 @@ signals:
 
 protected:
     /**
-     * Finishes one task: updates its row and the counts, ends the batch when it was the last
-     * running task, then calls afterRun() and deletes the task, also for a task that is not
-     * in the list.
+     * Finishes one task: updates its row and the counts, ends the batch when no task is left
+     * running (also after a task that is not in the list, such as one of a batch cleared
+     * while it ran), then calls afterRun() and deletes the task.
      */
     virtual void taskPerformedEvent(TaskPerformedEvent *e);
 
