@@ -2,10 +2,7 @@
 
 #include "element/elementdata.h"
 #include "task/taskobserver.h"
-#include "task/taskperformedevent.h"
 #include "task/tsan_p.h"
-
-#include <QCoreApplication>
 
 AbstractTask::AbstractTask(ElementData *data)
     : _taskSpecialFlags(0)
@@ -20,12 +17,10 @@ AbstractTask::~AbstractTask()
 
 void AbstractTask::run()
 {
-    auto *event = new TaskPerformedEvent(this);
-    // The event is the hand-over: everything run() wrote into the task (and the event itself)
-    // belongs to the user-interface thread once it is posted.
-    Tsan::release(this);
-    Tsan::release(event);
-    QCoreApplication::postEvent(TaskObserver::instance(), event, Qt::NormalEventPriority);
+    // With the observer gone (the application is shutting down) nobody is left to finish the
+    // task: it goes like a task still queued when the pool stops, without afterRun().
+    if (!TaskObserver::postTaskPerformed(this))
+        delete this;
 }
 
 quint64 AbstractTask::taskSpecialFlags() const

@@ -29,9 +29,10 @@ public:
 
     /**
      * The worker-thread body. The base implementation only posts the completion event to the
-     * task observer. Every override does its work, writes status and message, and ends by
-     * calling AbstractTask::run() exactly once on every path; after that it touches nothing,
-     * since the task may already be deleted on the user-interface thread. A run() never throws.
+     * task observer; with no observer left it deletes the task instead. Every override does its
+     * work, writes status and message, and ends by calling AbstractTask::run() exactly once on
+     * every path; after that it touches nothing, since the task may already be deleted on the
+     * user-interface thread. A run() never throws.
      */
     virtual void run();
 

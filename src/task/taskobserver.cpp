@@ -9,11 +9,20 @@
 #include "task/tsan_p.h"
 
 #include <QCoreApplication>
+#include <QMutex>
 #include <QThread>
 #include <QTimer>
 #include <QWidget>
 
 TaskObserver *TaskObserver::_instance = nullptr;
+
+namespace {
+
+// Workers post completions to _instance while the user-interface thread may create or destroy
+// the observer: the pointer changes, and is used for posting, only under this lock.
+QMutex instanceMutex;
+
+} // namespace
 
 TaskObserver *TaskObserver::instance(QObject *parent)
 {
@@ -35,7 +44,10 @@ TaskObserver::TaskObserver(QObject *parent)
     , _blockDialog(nullptr)
     , _dialog(nullptr)
 {
-    _instance = this;
+    {
+        Tsan::MutexLocker locker(&instanceMutex);
+        _instance = this;
+    }
 
     _timer->setObjectName(QStringLiteral("_timer"));
     _timer->setSingleShot(true);
@@ -53,18 +65,40 @@ TaskObserver::TaskObserver(QObject *parent)
 
 TaskObserver::~TaskObserver()
 {
+    {
+        // From here on a finishing task finds no observer instead of a dying one.
+        Tsan::MutexLocker locker(&instanceMutex);
+        if (_instance == this)
+            _instance = nullptr;
+    }
     // The dialog's view uses the model, a child of ours: the dialog goes first.
     delete _dialog;
     delete _blockDialog;
-    if (_instance == this)
-        _instance = nullptr;
+}
+
+bool TaskObserver::postTaskPerformed(AbstractTask *task)
+{
+    // Never instance(): an observer created here would live on a worker thread.
+    Tsan::MutexLocker locker(&instanceMutex);
+    if (!_instance)
+        return false;
+    auto *event = new TaskPerformedEvent(task);
+    // The event is the hand-over: everything run() wrote into the task (and the event itself)
+    // belongs to the user-interface thread once it is posted.
+    Tsan::release(task);
+    Tsan::release(event);
+    QCoreApplication::postEvent(_instance, event, Qt::NormalEventPriority);
+    return true;
 }
 
 void TaskObserver::performTask(AbstractTask *task)
 {
     if (!task)
         return;
-    if (_taskRows.contains(task))
+    // A listed task whose entry has let go of it has finished and been deleted: what comes
+    // now is a new task that the allocator placed at the same address.
+    const auto listed = _taskRows.constFind(task);
+    if (listed != _taskRows.constEnd() && _tasks.at(listed.value()).task == task)
         return;
     if (task->taskAboutToBeStopped())
         return;
@@ -118,8 +152,10 @@ void TaskObserver::taskPerformedEvent(TaskPerformedEvent *e)
     if (!task)
         return;
 
+    // A key whose row has let go of its task is a finished task's: not this one.
     const auto found = _taskRows.constFind(task);
-    if (found != _taskRows.constEnd() && found.value() != -1) {
+    if (found != _taskRows.constEnd() && found.value() != -1
+        && _tasks.at(found.value()).task == task) {
         const int row = found.value();
         TaskEntry &entry = _tasks[row];
         entry.description = task->taskDescription();
@@ -138,28 +174,29 @@ void TaskObserver::taskPerformedEvent(TaskPerformedEvent *e)
             break;
         }
 
-        // The task is deleted below. Its row forgets it at once, and so does the map: a later
-        // task of the same batch may be allocated at the same address, and must then be
-        // queued, not refused as given twice.
-        _taskRows.erase(found);
+        // The task is deleted below: its row lets go of it at once, so that nothing reads the
+        // flags of a deleted task. Its key stays in the map until the batch is cleared.
         entry.task = nullptr;
+    }
 
-        if (_runningCount == 0) {
-            _dialog->unblockCloseButton();
-            if (_timer->isActive()) {
-                _blockDialog->reject();
-                _timer->stop();
-            }
-            if (_dialog->isVisible()) {
-                // Closing the dialog clears the batch through its rejected() signal.
-                if (_problemCount == 0)
-                    _dialog->reject();
-            } else {
-                if (_problemCount != 0)
-                    _dialog->open();
-                else
-                    clearTasks();
-            }
+    // Also after a completion that is not in the list: one left over from a batch cleared while
+    // it ran still brings the observer back to idle, its block dialog and timer included.
+    if (_runningCount == 0) {
+        _dialog->unblockCloseButton();
+        if (_timer->isActive()) {
+            _blockDialog->reject();
+            _timer->stop();
+        }
+        _taskRows.remove(task);
+        if (_dialog->isVisible()) {
+            // Closing the dialog clears the batch through its rejected() signal.
+            if (_problemCount == 0)
+                _dialog->reject();
+        } else {
+            if (_problemCount != 0)
+                _dialog->open();
+            else
+                clearTasks();
         }
     }
 

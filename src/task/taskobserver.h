@@ -44,7 +44,10 @@ public:
      */
     static TaskObserver *instance(QObject *parent = nullptr);
 
-    /** Deletes both dialogs; tasks still in flight are not deleted. */
+    /**
+     * Deletes both dialogs. Tasks still in flight are not deleted by the observer; a task that
+     * completes after it is gone is deleted by its worker without afterRun().
+     */
     ~TaskObserver() override;
 
     /**
@@ -81,9 +84,9 @@ signals:
 
 protected:
     /**
-     * Finishes one task: updates its row and the counts, ends the batch when it was the last
-     * running task, then calls afterRun() and deletes the task, also for a task that is not
-     * in the list.
+     * Finishes one task: updates its row and the counts, ends the batch when no task is left
+     * running (also after a task that is not in the list, such as one of a batch cleared
+     * while it ran), then calls afterRun() and deletes the task.
      */
     virtual void taskPerformedEvent(TaskPerformedEvent *e);
 
@@ -92,6 +95,13 @@ private:
     Q_DISABLE_COPY(TaskObserver)
 
     friend class TaskObserverModel;
+    friend class AbstractTask;
+
+    /**
+     * Posts the completion of @p task to the observer; called on a worker thread. Returns
+     * false when there is no observer (never created, or already destroyed).
+     */
+    static bool postTaskPerformed(AbstractTask *task);
 
     struct TaskEntry
     {

@@ -120,13 +120,15 @@ void Thread::run()
             Tsan::release(&_fullBuffer);
             _fullBuffer.release(1);
         } else {
-            // The last worker out puts the queue back into its initial state: no stop request,
-            // no stale wake-ups, no free slots until the next pool's first worker opens it.
-            Tsan::storeFlag(&_stopThread, false);
+            // The last worker out puts the queue back into its initial state: no stale
+            // wake-ups, no free slots until the next pool's first worker opens it, no stop
+            // request. The stop request goes last: until then put() refuses every task, so the
+            // producer neither writes a slot nor _rearBound while they are reset here.
             _fullBuffer.tryAcquire(_fullBuffer.available());
             _emptyBuffer.tryAcquire(_emptyBuffer.available());
             _frontBound = 0;
             _rearBound = 0;
+            Tsan::storeFlag(&_stopThread, false);
         }
     }
     Tsan::release(this);

@@ -159,6 +159,15 @@ void tst_TaskObserver::initTestCase()
     _stack = _dialog->findChild<QStackedWidget *>(QStringLiteral("_stackedWidget"));
     _text = _dialog->findChild<QPlainTextEdit *>(QStringLiteral("_errorPlainTextEdit"));
     QVERIFY(_view && _more && _stop && _buttonBox && _stack && _text);
+    // A modal dialog with a title bar but no button in it; the block dialog is modal too
+    const Qt::WindowFlags flags = _dialog->windowFlags();
+    QVERIFY((flags & Qt::CustomizeWindowHint) && (flags & Qt::WindowTitleHint));
+    QVERIFY(!(flags
+              & (Qt::WindowCloseButtonHint | Qt::WindowMinMaxButtonsHint
+                 | Qt::WindowContextHelpButtonHint)));
+    QVERIFY(_dialog->isModal() && _blockDialog->isModal());
+    QCOMPARE(_dialog->objectName(), QStringLiteral("TaskObserverDialog"));
+    QCOMPARE(_stop->toolTip(), QStringLiteral("Stop task"));
 
     const auto record = [this](const QString &name) {
         return [this, name](int first, int last) {
@@ -434,11 +443,13 @@ void tst_TaskObserver::clearTasks()
     QCOMPARE(_model->rowCount(), 0);
     QVERIFY(!first.isValid() && !last.isValid());
 
-    // The tasks go on; their completions are finished silently, as of unknown tasks
+    // The tasks go on; unknown now, each completion ends the (empty) batch: no input stays
+    // blocked, no dialog opens later
     _gate->open.release(3);
     QTRY_COMPARE(_ledger->deletions(), 3);
     QCOMPARE(_ledger->check(0, 3), QByteArray());
-    QCOMPARE(_signals, QStringLiteral("<r3,3 r3,3 "));
+    QCOMPARE(_signals, QStringLiteral("<r3,3 r3,3 ") + QStringLiteral("<r0,0 r0,0 ").repeated(3));
+    QVERIFY(!_timer->isActive() && !_blockDialog->isVisible() && _buttonBox->isEnabled());
 
     // and the next batch's rows are not taken for the old ones
     perform(task());

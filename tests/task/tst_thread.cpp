@@ -4,6 +4,7 @@
 #include "task/thread.h"
 #include "testtasks.h"
 
+#include <QDialog>
 #include <QtTest>
 
 namespace {
@@ -38,6 +39,7 @@ private slots:
     void queueHoldsAtMost64_data();
     void queueHoldsAtMost64();
     void destroyingAnyThreadStopsThePool();
+    void completionAfterTheObserverIsGone();
 
 private:
     TaskObserver *_observer = nullptr;
@@ -201,7 +203,7 @@ void tst_Thread::queueHoldsAtMost64()
 
 void tst_Thread::destroyingAnyThreadStopsThePool()
 {
-    Ledger ledger(18);
+    Ledger ledger(19);
     Gate gate;
     auto gated = [&](int id) {
         return new Task(&ledger, id, {}, TaskDescription::Success, {}, &gate);
@@ -225,9 +227,18 @@ void tst_Thread::destroyingAnyThreadStopsThePool()
     QVERIFY(!Thread::put(late));
     delete late;
     gate.open.release(3);
-    for (Thread *thread : qAsConst(pool.threads))
-        QTRY_VERIFY(thread->isFinished());
+    // and whatever is put while the workers leave is refused, never lost in the reset queue
+    int puts = 0;
+    for (Thread *thread : qAsConst(pool.threads)) {
+        while (!thread->isFinished()) {
+            ++puts;
+            auto *task = new Task(&ledger, 18);
+            if (!Thread::put(task))
+                delete task;
+        }
+    }
     QTRY_COMPARE(ledger.afterRuns(), 4);
+    QCOMPARE(ledger.check(18, 19, "0 0 " + QByteArray::number(puts)), QByteArray());
     QCoreApplication::sendPostedEvents();
     QCOMPARE(ledger.check(0, 4), QByteArray());
     QCOMPARE(ledger.check(4, 15, "0 0 1"), QByteArray());
@@ -243,6 +254,32 @@ void tst_Thread::destroyingAnyThreadStopsThePool()
     delete next.threads.takeAt(1);
     for (Thread *thread : qAsConst(next.threads))
         QTRY_VERIFY(thread->isFinished());
+}
+
+void tst_Thread::completionAfterTheObserverIsGone()
+{
+    // Given a task still runs when the observer is destroyed
+    Ledger ledger(2);
+    Gate gate;
+    Pool pool(1);
+    QVERIFY(Pool::open(new Task(&ledger, 0)));
+    QVERIFY(Thread::put(new Task(&ledger, 1, {}, TaskDescription::Success, {}, &gate)));
+    QVERIFY(gate.started.tryAcquire(1, 10000));
+    QTRY_COMPARE(ledger.afterRuns(), 1);
+    delete _observer;
+    _observer = nullptr;
+
+    // When it completes, its worker deletes it without afterRun() and creates no observer
+    gate.open.release();
+    QTRY_COMPARE(ledger.deletions(), 2);
+    QCOMPARE(ledger.check(1, 2, "1 0 1"), QByteArray());
+
+    // The next observer, given a widget, makes it the parent of both dialogs
+    QWidget window;
+    _observer = TaskObserver::instance(&window);
+    QCOMPARE(window.findChildren<QDialog *>().size(), 2);
+    delete _observer;
+    _observer = nullptr;
 }
 
 QTEST_MAIN(tst_Thread)
