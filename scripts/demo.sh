@@ -5,14 +5,6 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/install-deps.sh
-build=${OVT_BUILD_DIR:-build}
-mkdir -p "$build"
-build=$(cd "$build" && pwd)
-cmake -S . -B "$build" -G Ninja \
-    -DCMAKE_BUILD_TYPE=RelWithDebInfo \
-    -DOVT_TRANSLATIONS_DIR="$build/translations" \
-    -DOVT_BUILD_EXAMPLES=ON \
-    ${OVT_CMAKE_ARGS:-}
+build=$(scripts/configure.sh -DOVT_BUILD_EXAMPLES=ON)
 cmake --build "$build" -j2 --target ovt-demo ovt-demo-plugin
 exec "$build/examples/demo-tool/ovt-demo" "$build/examples/demo-plugin/plugins" "$@"

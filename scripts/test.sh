@@ -4,14 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/install-deps.sh
-build=${OVT_BUILD_DIR:-build}
-mkdir -p "$build"
-build=$(cd "$build" && pwd)
-cmake -S . -B "$build" -G Ninja \
-    -DCMAKE_BUILD_TYPE=RelWithDebInfo \
-    -DOVT_TRANSLATIONS_DIR="$build/translations" \
-    ${OVT_CMAKE_ARGS:-}
+build=$(scripts/configure.sh)
 cmake --build "$build" -j2
 cd "$build"
 ctest --output-on-failure -j2 "$@"
