@@ -103,8 +103,8 @@ Latency summarise(QVector<qint64> nanoseconds)
     return result;
 }
 
-// One task at a time: performTask, then wait for its afterRun before the next one.
-Latency roundTripObserver(int workers, int count)
+// One task at a time: hand it over with submit, then wait for its afterRun before the next one.
+Latency roundTrip(int workers, int count, const std::function<void(AbstractTask *)> &submit)
 {
     Pool pool(workers);
     QVector<qint64> samples;
@@ -120,7 +120,7 @@ Latency roundTripObserver(int workers, int count)
         }
         ++started;
         clock.start();
-        TaskObserver::instance()->performTask(new BenchTask(Work::Tiny, &done));
+        submit(new BenchTask(Work::Tiny, &done));
     };
     done = [&] {
         if (started > 100) // the first hundred warm up
@@ -132,33 +132,17 @@ Latency roundTripObserver(int workers, int count)
     return summarise(samples);
 }
 
+// Through the observer, as tools do.
+Latency roundTripObserver(int workers, int count)
+{
+    return roundTrip(workers, count,
+                     [](AbstractTask *task) { TaskObserver::instance()->performTask(task); });
+}
+
 // The pool alone: Thread::put, completion through the observer as a task it did not list.
 Latency roundTripPut(int workers, int count)
 {
-    Pool pool(workers);
-    QVector<qint64> samples;
-    samples.reserve(count);
-    QEventLoop loop;
-    QElapsedTimer clock;
-    int started = 0;
-    std::function<void()> done;
-    std::function<void()> next = [&] {
-        if (started == count + 100) {
-            loop.quit();
-            return;
-        }
-        ++started;
-        clock.start();
-        Thread::put(new BenchTask(Work::Tiny, &done));
-    };
-    done = [&] {
-        if (started > 100)
-            samples.append(clock.nsecsElapsed());
-        next();
-    };
-    QTimer::singleShot(0, &loop, next);
-    loop.exec();
-    return summarise(samples);
+    return roundTrip(workers, count, [](AbstractTask *task) { Thread::put(task); });
 }
 
 Latency roundTripConcurrent(int workers, int count)
