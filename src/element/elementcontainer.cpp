@@ -66,53 +66,6 @@ void detachListed(const QList<TreeNode *> &nodes, const TreeNode *root)
     }
 }
 
-// While the tree is rebuilt the model is inside its reset and learns everything from its end;
-// following each of the rebuild's insertions and removals row by row would only cost time.
-// The model's other connections to the root (data changes) and the container's own
-// (current and expand requests) stay.
-class StructureMute
-{
-public:
-    StructureMute(TreeNode *root, TreeNodeModel *model)
-        : _root(root)
-        , _model(model)
-    {
-        _aboutToInsert = QObject::disconnect(root, &TreeNode::nodesAboutToBeInserted, model,
-                                             &TreeNodeModel::nodesAboutToBeInserted);
-        _inserted = QObject::disconnect(root, &TreeNode::nodesInserted, model,
-                                        &TreeNodeModel::nodesInserted);
-        _aboutToRemove = QObject::disconnect(root, &TreeNode::nodesAboutToBeRemoved, model,
-                                             &TreeNodeModel::nodesAboutToBeRemoved);
-        _removed = QObject::disconnect(root, &TreeNode::nodesRemoved, model,
-                                       &TreeNodeModel::nodesRemoved);
-    }
-    ~StructureMute()
-    {
-        // Only what was there is put back, so no connection is ever doubled.
-        if (_aboutToInsert)
-            QObject::connect(_root, &TreeNode::nodesAboutToBeInserted, _model,
-                             &TreeNodeModel::nodesAboutToBeInserted);
-        if (_inserted)
-            QObject::connect(_root, &TreeNode::nodesInserted, _model,
-                             &TreeNodeModel::nodesInserted);
-        if (_aboutToRemove)
-            QObject::connect(_root, &TreeNode::nodesAboutToBeRemoved, _model,
-                             &TreeNodeModel::nodesAboutToBeRemoved);
-        if (_removed)
-            QObject::connect(_root, &TreeNode::nodesRemoved, _model, &TreeNodeModel::nodesRemoved);
-    }
-    StructureMute(const StructureMute &) = delete;
-    StructureMute &operator=(const StructureMute &) = delete;
-
-private:
-    TreeNode *_root;
-    TreeNodeModel *_model;
-    bool _aboutToInsert;
-    bool _inserted;
-    bool _aboutToRemove;
-    bool _removed;
-};
-
 } // namespace
 
 ElementContainer::ElementContainer(QObject *parent)
@@ -147,11 +100,8 @@ void ElementContainer::pluginContainerReset(const TreeNode *pluginRoot)
                 elementNodes.append(element);
         }
     }
-    {
-        const StructureMute mute(_rootNode, _treeNodeModel);
-        detachListed(elementNodes, _rootNode);
-        _rootNode->loadTreeFromList(elementNodes);
-    }
+    detachListed(elementNodes, _rootNode);
+    _rootNode->loadTreeFromList(elementNodes);
     _treeNodeModel->nodesReset();
 
     // A copy: a module may change the tree while it reads.

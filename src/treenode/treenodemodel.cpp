@@ -244,12 +244,14 @@ void TreeNodeModel::nodesAboutToBeReset()
         return;
     beginResetModel();
     blockSignals(true);
+    _resetting = true;
 }
 
 void TreeNodeModel::nodesReset()
 {
     if (!_rootNode)
         return;
+    _resetting = false;
     blockSignals(false);
     _rowHints.clear();
     endResetModel();
@@ -257,7 +259,7 @@ void TreeNodeModel::nodesReset()
 
 void TreeNodeModel::nodesAboutToBeInserted(TreeNode *parent, int first, int last)
 {
-    if (!_rootNode)
+    if (!_rootNode || _resetting)
         return;
     if (parent == _rootNode) {
         first += _extraRootChildNodes.size();
@@ -268,7 +270,7 @@ void TreeNodeModel::nodesAboutToBeInserted(TreeNode *parent, int first, int last
 
 void TreeNodeModel::nodesAboutToBeRemoved(TreeNode *parent, int first, int last)
 {
-    if (!_rootNode)
+    if (!_rootNode || _resetting)
         return;
     if (parent == _rootNode) {
         first += _extraRootChildNodes.size();
@@ -279,13 +281,13 @@ void TreeNodeModel::nodesAboutToBeRemoved(TreeNode *parent, int first, int last)
 
 void TreeNodeModel::nodesInserted()
 {
-    if (_rootNode)
+    if (_rootNode && !_resetting)
         endInsertRows();
 }
 
 void TreeNodeModel::nodesRemoved()
 {
-    if (!_rootNode)
+    if (!_rootNode || _resetting)
         return;
     // Removed nodes may be deleted and their addresses reused; forget what we knew of them.
     _rowHints.clear();

@@ -78,4 +78,7 @@ private:
     // Remembered rows of nodes, checked before use: finding a parent's row by a list scan
     // would make walking a wide tree quadratic.
     mutable QHash<const TreeNode *, int> _rowHints;
+    // Between nodesAboutToBeReset() and nodesReset() the reset's end tells views everything;
+    // following the reload's insertions and removals row by row would only cost time.
+    bool _resetting = false;
 };
