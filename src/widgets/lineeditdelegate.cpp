@@ -1,0 +1,36 @@
+#include "lineeditdelegate.h"
+
+#include "widgets/delegateeditor_p.h"
+
+#include <QLineEdit>
+#include <QRegularExpressionValidator>
+
+LineEditDelegate::LineEditDelegate(QObject *parent)
+    : QStyledItemDelegate(parent)
+{ }
+
+LineEditDelegate::LineEditDelegate(const QRegularExpression &pattern, QObject *parent)
+    : QStyledItemDelegate(parent)
+    , _pattern(pattern)
+{ }
+
+QRegularExpression LineEditDelegate::pattern() const
+{
+    return _pattern;
+}
+
+void LineEditDelegate::setPattern(const QRegularExpression &pattern)
+{
+    _pattern = pattern;
+}
+
+QWidget *LineEditDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &,
+                                        const QModelIndex &index) const
+{
+    auto *editor = new QLineEdit(parent);
+    editor->setFrame(false);
+    if (!_pattern.pattern().isEmpty())
+        editor->setValidator(new QRegularExpressionValidator(_pattern, editor));
+    OvtPrivate::nameEditor(editor, index);
+    return editor;
+}
