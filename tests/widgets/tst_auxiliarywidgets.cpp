@@ -154,19 +154,10 @@ private Q_SLOTS:
         QVERIFY2(shown.contains(error), qPrintable(shown));
         auto *buttons = dialog->findChild<QDialogButtonBox *>();
         QCOMPARE(buttons->button(QDialogButtonBox::Ok)->isEnabled(), error.isEmpty());
+        if (kind == "gecos" && !error.isEmpty())
+            QVERIFY(dialog->grab().save(QStringLiteral(OVT_GECOS_PNG)));
         if (auto *password = qobject_cast<PasswordChangeDialog *>(dialog.get()))
             QCOMPARE(password->password(), error.isEmpty() ? typed.section('|', 0, 0) : "");
-    }
-
-    void gecosKeepsItsFields()
-    {
-        GecosDialog dialog;
-        dialog.setGecos("Ann Lee,12,555-1,,extra,more");
-        QCOMPARE(dialog.other(), QStringLiteral("extra,more"));
-        dialog.findChildren<QLineEdit *>().last()->clear();
-        QCOMPARE(dialog.gecos(), QStringLiteral("Ann Lee,12,555-1"));
-        dialog.show();
-        QVERIFY(dialog.grab().save(QStringLiteral(OVT_GECOS_PNG)));
     }
 };
 

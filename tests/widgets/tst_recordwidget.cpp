@@ -16,7 +16,7 @@ class Rule : public Record
 {
 public:
     explicit Rule(const QString &values)
-        : _values((values == "_" ? "" : values).split(','))
+        : _values(values.split(','))
     { }
     bool isEmpty() const override { return _values.join(QString()).isEmpty(); }
     bool isValid() const override { return !_values.value(0).isEmpty(); }
@@ -39,7 +39,7 @@ QList<Record *> rules(const QString &names)
 {
     QList<Record *> list;
     for (const QString &name : words(names))
-        list << new Rule(name);
+        list << new Rule(name == "_" ? QString() : name);
     return list;
 }
 
@@ -52,15 +52,10 @@ QString rows(const QAbstractItemModel *model)
     return names.replaceInStrings(QRegularExpression("^$"), "_").join(' ');
 }
 
-Record *create()
-{
-    return new Rule("new");
-}
-
 RecordModel *model(const QString &names, bool creatable = true)
 {
     auto *model = new RecordModel([] { return 3; }, [](int column) { return QVariant(column); },
-                                  creatable ? &create : nullptr);
+                                  creatable ? +[]() -> Record * { return new Rule("new"); } : nullptr);
     watch(model);
     model->setRecordList(rules(names));
     return model;
@@ -150,7 +145,6 @@ private Q_SLOTS:
         auto click = [&](const char *button) {
             QTest::mouseClick(widget.findChild<QPushButton *>(button), Qt::LeftButton);
         };
-        QVERIFY(!widget.findChild<QPushButton *>("_removePushButton")->isEnabled());
         click("_addPushButton");
         view->selectRow(2);
         click("_addPushButton");
@@ -173,20 +167,6 @@ private Q_SLOTS:
         QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("user=bob;x"));
         click("_clearPushButton");
         QCOMPARE(widget.recordModel()->rowCount(), 0);
-    }
-
-    void headerStateSurvivesTheWidget()
-    {
-        for (int width : {40, 0}) {
-            RecordWidget widget;
-            widget.setRecordModel(model("A"));
-            widget.setSettingsKey("records/header");
-            auto *header = widget.findChild<QTableView *>()->horizontalHeader();
-            if (width)
-                header->resizeSection(0, width);
-            else
-                QCOMPARE(header->sectionSize(0), 40);
-        }
     }
 };
 
