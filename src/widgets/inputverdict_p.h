@@ -2,6 +2,7 @@
 
 #include <QDialogButtonBox>
 #include <QLabel>
+#include <QLayout>
 #include <QPushButton>
 
 namespace OvtPrivate {
@@ -18,6 +19,16 @@ inline void showInputVerdict(QLabel *label, QDialogButtonBox *buttons, const QSt
     palette.setColor(QPalette::WindowText, Qt::darkRed);
     label->setPalette(palette);
     buttons->button(QDialogButtonBox::Ok)->setEnabled(error.isEmpty());
+    // A wrapped message needs more height than the dialog had without it: grow, never clip.
+    QWidget *window = label->window();
+    if (window->isVisible() && window->layout()) {
+        window->layout()->activate();
+        const int needed = window->layout()->hasHeightForWidth()
+            ? window->layout()->totalHeightForWidth(window->width())
+            : window->layout()->totalSizeHint().height();
+        if (needed > window->height())
+            window->resize(window->width(), needed);
+    }
 }
 
 } // namespace OvtPrivate
