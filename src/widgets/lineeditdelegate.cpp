@@ -34,3 +34,13 @@ QWidget *LineEditDelegate::createEditor(QWidget *parent, const QStyleOptionViewI
     OvtPrivate::nameEditor(editor, index);
     return editor;
 }
+
+void LineEditDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,
+                                    const QModelIndex &index) const
+{
+    // The validator only stops typing; a half-typed entry can still be committed by leaving
+    // the cell, and must not reach the record.
+    auto *edit = static_cast<QLineEdit *>(editor);
+    if (edit->hasAcceptableInput())
+        model->setData(index, edit->text(), Qt::EditRole);
+}

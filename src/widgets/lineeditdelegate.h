@@ -24,6 +24,9 @@ public:
 
     QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
                           const QModelIndex &index) const override;
+    /** Writes the text only when the pattern matches it whole; a partial entry is dropped. */
+    void setModelData(QWidget *editor, QAbstractItemModel *model,
+                      const QModelIndex &index) const override;
 
 private:
     QRegularExpression _pattern;
