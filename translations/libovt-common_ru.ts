@@ -27,6 +27,111 @@
     </message>
 </context>
 <context>
+    <name>GecosDialog</name>
+    <message>
+        <source>User information</source>
+        <translation>Сведения о пользователе</translation>
+    </message>
+    <message>
+        <source>&amp;Full name:</source>
+        <translation>&amp;Полное имя:</translation>
+    </message>
+    <message>
+        <source>Full name</source>
+        <translation>Полное имя</translation>
+    </message>
+    <message>
+        <source>&amp;Room:</source>
+        <translation>&amp;Комната:</translation>
+    </message>
+    <message>
+        <source>Room</source>
+        <translation>Комната</translation>
+    </message>
+    <message>
+        <source>&amp;Work phone:</source>
+        <translation>&amp;Рабочий телефон:</translation>
+    </message>
+    <message>
+        <source>Work phone</source>
+        <translation>Рабочий телефон</translation>
+    </message>
+    <message>
+        <source>&amp;Home phone:</source>
+        <translation>&amp;Домашний телефон:</translation>
+    </message>
+    <message>
+        <source>Home phone</source>
+        <translation>Домашний телефон</translation>
+    </message>
+    <message>
+        <source>&amp;Other:</source>
+        <translation>&amp;Прочее:</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>Прочее</translation>
+    </message>
+    <message>
+        <source>Input error</source>
+        <translation>Ошибка ввода</translation>
+    </message>
+    <message>
+        <source>Dialog buttons</source>
+        <translation>Кнопки диалога</translation>
+    </message>
+    <message>
+        <source>The field &quot;%1&quot; must not contain commas, colons or line feeds.</source>
+        <translation>Поле «%1» не должно содержать запятых, двоеточий и переводов строки.</translation>
+    </message>
+</context>
+<context>
+    <name>LoginPasswordDialog</name>
+    <message>
+        <source>Log in</source>
+        <translation>Вход</translation>
+    </message>
+    <message>
+        <source>&amp;Login:</source>
+        <translation>&amp;Имя входа:</translation>
+    </message>
+    <message>
+        <source>Login</source>
+        <translation>Имя входа</translation>
+    </message>
+    <message>
+        <source>&amp;Password:</source>
+        <translation>&amp;Пароль:</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation>Пароль</translation>
+    </message>
+    <message>
+        <source>Input error</source>
+        <translation>Ошибка ввода</translation>
+    </message>
+    <message>
+        <source>Dialog buttons</source>
+        <translation>Кнопки диалога</translation>
+    </message>
+    <message>
+        <source>Enter a login.</source>
+        <translation>Введите имя входа.</translation>
+    </message>
+    <message>
+        <source>A login may hold only letters, digits, dots, hyphens and underscores and must not begin with a hyphen.</source>
+        <translation>Имя входа может содержать только буквы, цифры, точки, дефисы и подчёркивания и не должно начинаться с дефиса.</translation>
+    </message>
+</context>
+<context>
+    <name>MiscModel</name>
+    <message>
+        <source>Data</source>
+        <translation>Данные</translation>
+    </message>
+</context>
+<context>
     <name>Module</name>
     <message>
         <source>Force reread mode</source>
@@ -46,6 +151,45 @@
     <message>
         <source>Description</source>
         <translation>Описание</translation>
+    </message>
+</context>
+<context>
+    <name>PasswordChangeDialog</name>
+    <message>
+        <source>Change password</source>
+        <translation>Смена пароля</translation>
+    </message>
+    <message>
+        <source>&amp;New password:</source>
+        <translation>&amp;Новый пароль:</translation>
+    </message>
+    <message>
+        <source>New password</source>
+        <translation>Новый пароль</translation>
+    </message>
+    <message>
+        <source>&amp;Confirm password:</source>
+        <translation>&amp;Подтверждение пароля:</translation>
+    </message>
+    <message>
+        <source>Confirm password</source>
+        <translation>Подтверждение пароля</translation>
+    </message>
+    <message>
+        <source>Input error</source>
+        <translation>Ошибка ввода</translation>
+    </message>
+    <message>
+        <source>Dialog buttons</source>
+        <translation>Кнопки диалога</translation>
+    </message>
+    <message>
+        <source>The password must not be empty.</source>
+        <translation>Пароль не должен быть пустым.</translation>
+    </message>
+    <message>
+        <source>The passwords do not match.</source>
+        <translation>Пароли не совпадают.</translation>
     </message>
 </context>
 <context>
@@ -217,6 +361,37 @@
     </message>
 </context>
 <context>
+    <name>RecordWidget</name>
+    <message>
+        <source>Records</source>
+        <translation>Записи</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Очистить</translation>
+    </message>
+    <message>
+        <source>Import attributes</source>
+        <translation>Импортировать атрибуты</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Копировать</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Удалить</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Добавить</translation>
+    </message>
+    <message>
+        <source>Choose rule to copy:</source>
+        <translation>Выберите правило для копирования:</translation>
+    </message>
+</context>
+<context>
     <name>SwitchWidget</name>
     <message>
         <source>Form</source>
@@ -311,6 +486,39 @@
     <message>
         <source>Message</source>
         <translation>Сообщение</translation>
+    </message>
+</context>
+<context>
+    <name>TypicalMessageBox</name>
+    <message>
+        <source>Don&apos;t show this error again</source>
+        <translation>Больше не показывать эту ошибку</translation>
+    </message>
+</context>
+<context>
+    <name>TypicalMessagesDialog</name>
+    <message>
+        <source>Typical messages</source>
+        <translation>Типовые сообщения</translation>
+    </message>
+    <message>
+        <source>Dialog buttons</source>
+        <translation>Кнопки диалога</translation>
+    </message>
+</context>
+<context>
+    <name>TypicalMessagesModel</name>
+    <message>
+        <source>Message description</source>
+        <translation>Описание сообщения</translation>
+    </message>
+    <message>
+        <source>Is skiped</source>
+        <translation>Пропускается</translation>
+    </message>
+    <message>
+        <source>From plugin(s)</source>
+        <translation>От модуля(ей)</translation>
     </message>
 </context>
 <context>

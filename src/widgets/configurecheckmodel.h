@@ -1,0 +1,45 @@
+#pragma once
+
+#include "ovtcommon_export.h"
+#include "widgets/checkmiscmodel.h"
+
+/**
+ * A CheckMiscModel of configuration modes with a description per row (under Qt::UserRole) and
+ * pairs of modes that exclude each other. A row that conflicts with a checked row is greyed
+ * out, shows no check state and cannot be checked.
+ *
+ * A forbidden pair of rows (i, j), i < j, is encoded as i * n + j for the n rows loaded, so
+ * the encoding must be made for the list that is loaded.
+ */
+class OVTCOMMON_EXPORT ConfigureCheckModel : public CheckMiscModel
+{
+    Q_OBJECT
+
+public:
+    explicit ConfigureCheckModel(QObject *parent = nullptr);
+
+    /** No model signal. */
+    void setDescriptions(const QStringList &descriptions);
+    QStringList descriptions() const;
+    /** Resets the model around a changed set. */
+    void setInCmpatibleModes(const QSet<int> &modes);
+    QSet<int> inCmpatibleModes() const;
+    /** Whether rows @p a and @p b may be checked together; false for a row out of range. */
+    bool checkCompatible(int a, int b) const;
+
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+    /**
+     * As CheckMiscModel, but announces every row (one check can lock or free any other) and
+     * refuses to check a row that conflicts with a checked one.
+     */
+    bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
+    using CheckMiscModel::data;
+    using CheckMiscModel::setData;
+
+private:
+    bool conflictsWithChecked(int row) const;
+
+    QSet<int> _inCmpatibleModes;
+    QStringList _descriptions;
+};

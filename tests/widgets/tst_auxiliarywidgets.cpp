@@ -1,0 +1,165 @@
+#include "treestring.h"
+#include "widgets/configurecheckmodel.h"
+#include "widgets/gecosdialog.h"
+#include "widgets/loginpassworddialog.h"
+#include "widgets/multichecktreeview.h"
+#include "widgets/passwordchangedialog.h"
+
+#include <QtTest>
+#include <QtWidgets>
+
+using namespace OvtTest;
+
+namespace {
+
+QString sorted(const QSet<QString> &set)
+{
+    QStringList list = set.values();
+    list.sort();
+    return list.join(' ');
+}
+
+// Ticks or unticks the named rows with the space key, as a user does.
+void press(QAbstractItemView *view, const QStringList &names)
+{
+    for (const QString &name : names) {
+        view->setCurrentIndex(
+            view->model()
+                ->match(view->model()->index(0, 0), Qt::DisplayRole, name, 1, Qt::MatchRecursive)
+                .value(0));
+        QTest::keyClick(view, Qt::Key_Space);
+    }
+}
+
+} // namespace
+
+class tst_AuxiliaryWidgets : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void checkListDifference_data()
+    {
+        table();
+        row("loaded state is the reference", "b;   ;       ; ");
+        row("uncheck then check leaves no trace", "b; a a;  ; ");
+        row("check an unchecked item", "b; a a b; b; ");
+        row("both ways", "a c; a b c c; a; b");
+    }
+
+    void checkListDifference()
+    {
+        const auto [unchecked, clicks, toAdd, toRemove] = fields<4>();
+        CheckMiscModel model;
+        watch(&model);
+        const QStringList skip = words(unchecked);
+        model.setDataUnchecked({"a", "b", "c"}, QSet<QString>(skip.begin(), skip.end()));
+        QCOMPARE(sorted(model.uncheckedData()), unchecked);
+        QListView view;
+        view.setModel(&model);
+        press(&view, words(clicks));
+        QCOMPARE(sorted(model.dataToAdd()), toAdd);
+        QCOMPARE(sorted(model.dataToRemove()), toRemove);
+        QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+        const QModelIndex a = model.index(0, 0);
+        QVERIFY(!model.setData(a, a.data(Qt::CheckStateRole), Qt::CheckStateRole));
+        QCOMPARE(changed.count(), 0);
+        model.setDataChecked({"a"}, {"a"});
+        QVERIFY(model.dataToAdd().isEmpty() && model.dataToRemove().isEmpty());
+    }
+
+    void incompatibleModesLockEachOther()
+    {
+        ConfigureCheckModel model;
+        watch(&model);
+        model.setData(QList<QString> {"x", "y", "z"});
+        model.setDescriptions({"only x"});
+        model.setInCmpatibleModes({0 * 3 + 2});
+        QVERIFY(model.checkCompatible(1, 1) && !model.checkCompatible(0, 3));
+        QListView view;
+        view.setModel(&model);
+        press(&view, {"x"});
+        QCOMPARE(sorted(model.checkedData()), QStringLiteral("x"));
+        QVERIFY(!(model.flags(model.index(2, 0)) & Qt::ItemIsEnabled));
+        QVERIFY(!model.index(2, 0).data(Qt::CheckStateRole).isValid());
+        QVERIFY(!model.setData(model.index(2, 0), Qt::Checked, Qt::CheckStateRole));
+        QCOMPARE(model.index(0, 0).data(Qt::UserRole), QVariant("only x"));
+        QVERIFY(!model.index(1, 0).data(Qt::UserRole).isValid());
+        press(&view, {"x", "z"});
+        QCOMPARE(sorted(model.checkedData()), QStringLiteral("z"));
+    }
+
+    void multiCheckTree_data()
+    {
+        table();
+        row("a parent ticks its subtree", "a; a a1 a2 a2x");
+        row("one child leaves the parent partial", "a1; a1");
+        row("all children tick the parent", "a1 a2; a a1 a2 a2x");
+        row("a partial parent ticks fully", "a2x a; a a1 a2 a2x");
+        row("unticking a child", "a a1; a2 a2x");
+    }
+
+    void multiCheckTree()
+    {
+        const auto [clicks, checked] = fields<2>();
+        QStandardItemModel model;
+        watch(&model);
+        for (const QString path : {"a", "a/a1", "a/a2", "a/a2/a2x", "b"}) {
+            auto *item = new QStandardItem(path.section('/', -1));
+            item->setCheckable(true);
+            const auto parents = model.findItems(path.section('/', -2, -2), Qt::MatchRecursive);
+            (parents.isEmpty() ? model.invisibleRootItem() : parents.first())->appendRow(item);
+        }
+        MultiCheckTreeView view;
+        view.setModel(&model);
+        press(&view, words(clicks));
+        QStringList names;
+        for (const QModelIndex &index : view.checkedIndexes())
+            names << index.data().toString();
+        QCOMPARE(names.join(' '), checked);
+        const QVariant a = model.index(0, 0).data(Qt::CheckStateRole);
+        QCOMPARE(a, QVariant(checked.startsWith("a ") ? Qt::Checked : Qt::PartiallyChecked));
+    }
+
+    // Typed into the line edits in form order, "-" leaving one alone.
+    void dialogsRefuseBadInput_data()
+    {
+        table();
+        row("gecos: plain fields", "gecos; Ann Lee|12|555|-|x; ");
+        row("gecos: comma", "gecos; Lee, Ann; Full name");
+        row("gecos: colon", "gecos; -|-|-|1:2; Home phone");
+        row("password: empty", "password; |; empty");
+        row("password: mismatch", "password; secret|secreT; do not match");
+        row("password: agree", "password; s e'$(x)|s e'$(x); ");
+        row("login: empty", "login; |pw; Enter");
+        row("login: an option", "login; -rf|pw; hyphen");
+        row("login: a blank", "login; a b|pw; hyphen");
+        row("login: plain", "login; web-admin_1|pw; ");
+    }
+
+    void dialogsRefuseBadInput()
+    {
+        const auto [kind, typed, error] = fields<3>();
+        std::unique_ptr<QDialog> dialog(new PasswordChangeDialog);
+        if (kind != "password")
+            dialog.reset(kind == "gecos" ? static_cast<QDialog *>(new GecosDialog)
+                                         : new LoginPasswordDialog);
+        dialog->show();
+        const QList<QLineEdit *> edits = dialog->findChildren<QLineEdit *>();
+        for (int i = 0; i < typed.split('|').size(); ++i)
+            if (typed.split('|').at(i) != "-")
+                QTest::keyClicks(edits.at(i), typed.split('|').at(i));
+        const QString shown = dialog->findChild<QLabel *>("_errorLabel")->text();
+        QCOMPARE(shown.isEmpty(), error.isEmpty());
+        QVERIFY2(shown.contains(error), qPrintable(shown));
+        auto *buttons = dialog->findChild<QDialogButtonBox *>();
+        QCOMPARE(buttons->button(QDialogButtonBox::Ok)->isEnabled(), error.isEmpty());
+        if (kind == "gecos" && !error.isEmpty())
+            QVERIFY(dialog->grab().save(QStringLiteral(OVT_GECOS_PNG)));
+        if (auto *password = qobject_cast<PasswordChangeDialog *>(dialog.get()))
+            QCOMPARE(password->password(), error.isEmpty() ? typed.section('|', 0, 0) : "");
+    }
+};
+
+QTEST_MAIN(tst_AuxiliaryWidgets)
+#include "tst_auxiliarywidgets.moc"
