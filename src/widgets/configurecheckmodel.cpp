@@ -73,9 +73,8 @@ Qt::ItemFlags ConfigureCheckModel::flags(const QModelIndex &index) const
 
 bool ConfigureCheckModel::setData(const QModelIndex &index, const QVariant &value, int role)
 {
-    // A locked row cannot be checked from code either, so no two conflicting rows are checked.
-    if (inRange(index) && value.toInt() == Qt::Checked && conflictsWithChecked(index.row()))
-        return false;
+    // Views cannot check a greyed-out row (its flags say so); code that sets a check state
+    // directly is trusted, as with the plain check list.
     if (!changeCheck(index, value, role))
         return false;
     Q_EMIT dataChanged(this->index(0, 0), this->index(rowCount() - 1, 0));
