@@ -34,6 +34,8 @@ ElementsElementWidget::ElementsElementWidget(const QString &elementType, Module 
     _proxyModel->setFilterCaseSensitivity(Qt::CaseInsensitive);
     _proxyModel->setSourceModel(_elementModel);
     elementTreeView()->setModel(_proxyModel);
+    // Until the user's choice is restored: ascending by the first column, not Qt's descending.
+    elementTreeView()->sortByColumn(0, Qt::AscendingOrder);
     ListView::connectView(this, elementTreeView());
     connect(patternLineEdit(), &QLineEdit::textChanged, this, &ElementsElementWidget::changeFilter);
     connect(patternTypeComboBox(), qOverload<int>(&QComboBox::currentIndexChanged), this,

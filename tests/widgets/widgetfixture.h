@@ -9,7 +9,7 @@
 #include "element/ordinaryelement.h"
 #include "element/supplementelement.h"
 #include "plugin/module.h"
-#include "widgets/elementselementwidget.h"
+#include "widgets/supplementelementselementwidget.h"
 #include "widgets/vieweditelementwidget.h"
 
 #include <QApplication>
@@ -75,11 +75,13 @@ using Mailbox = Item<SupplementElement>;
 class UserForm : public ViewEditElementWidget
 {
 public:
-    explicit UserForm(Module &module, const char *type = "user", int priority = 500)
+    explicit UserForm(Module &module, const char *type = "user", int priority = 500,
+                      const char *beside = "Undefined")
         : ViewEditElementWidget(module, &Module::defaultTrue)
     {
         _elementType = QLatin1String(type);
         _priority = priority;
+        _supplementElementWidgetType = QLatin1String(beside);
         auto *layout = new QGridLayout(this);
         layout->addWidget(shell = new QLineEdit(this), 0, 0);
         layout->addWidget(apply = new QPushButton(QStringLiteral("Apply"), this), 0, 1);
@@ -91,6 +93,11 @@ public:
         auto *data = new ElementData;
         data->insert(QStringLiteral("shell"), shell->text());
         return data;
+    }
+    void reset() override
+    {
+        shell->clear();
+        ViewEditElementWidget::reset();
     }
     void afterSuccessfulRead(Element *element, ElementData *data) override
     {
@@ -109,7 +116,10 @@ public:
     {
         insertElementWidget(
             new ElementsElementWidget(QStringLiteral("users"), *this, &Module::defaultTrue));
-        insertElementWidget(new UserForm(*this));
+        insertElementWidget(new UserForm(*this, "user", 500, "groups"));
+        insertElementWidget(new UserForm(*this, "mailbox", 100));
+        insertElementWidget(new SupplementElementsElementWidget(
+            QStringLiteral("groups"), QStringLiteral("Groups"), *this, &Module::defaultTrue));
         users = new Users(*this, "users", QStringLiteral("Users"));
     }
     void performOperation(ContextOperation *context, OperationType type, ElementData *data,
@@ -121,7 +131,8 @@ public:
         log << QStringLiteral("%1:%2")
                    .arg(element ? element->title() : QStringLiteral("widget"))
                    .arg(quint64(type), 0, 16);
-        auto *form = static_cast<UserForm *>(elementWidget(QStringLiteral("user")));
+        auto *form = static_cast<UserForm *>(
+            elementWidget(element ? element->elementType() : QStringLiteral("user")));
         if (type == ReadContentOperation) {
             for (const char *name :
                  {"alice:/bin/bash", "bob:/usr/sbin/nologin", "a.b:/bin/sh", "axb:/bin/dash"}) {
