@@ -1,18 +1,207 @@
+#include "element/containerelement.h"
+#include "element/elementdata.h"
 #include "element/elementmodel.h"
-#include "widgetfixture.h"
+#include "element/ordinaryelement.h"
+#include "element/supplementelement.h"
+#include "plugin/module.h"
+#include "widgets/elementtableview.h"
 #include "widgets/elementtreeview.h"
-#include "widgets/listwidgetproxymodel.h"
+#include "widgets/elementwidgetcontainer2.h"
+#include "widgets/nodeswidgetproxymodel.h"
+#include "widgets/supplementelementselementwidget.h"
+#include "widgets/vieweditelementwidget.h"
 
 #include <QAbstractItemModelTester>
+#include <QApplication>
 #include <QComboBox>
+#include <QDir>
 #include <QHeaderView>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QSettings>
 #include <QSignalSpy>
+#include <QTabBar>
 #include <QTest>
+#include <QTimer>
+#include <QVBoxLayout>
 
 #include <memory>
 
-using namespace WidgetFixture;
+namespace {
+// A module as a plug-in writes one: users in a container, their forms and lists. Operations are
+// answered at once, the way the module's tasks would answer them after their run, and logged
+// as "<title or widget>:<operation in hex>".
+ElementData record(const QString &shell)
+{
+    ElementData data;
+    data.insert(QStringLiteral("shell"), shell);
+    return data;
+}
+
+// Kinds of users: title in columns 0 and 1, the shell in column 2.
+template<typename Kind> class Item : public Kind
+{
+public:
+    Item(Module &module, const char *type, const QString &title, const QString &shell = {},
+         OperationType extra = NoOperation)
+        : Kind(module, &Module::defaultTrue)
+        , _extra(extra)
+    {
+        this->_elementType = QLatin1String(type);
+        this->setTitle(title);
+        this->_elementData = new ElementData(record(shell));
+    }
+    QString caption() const override { return QStringLiteral("User ") + this->_title; }
+    int columnCount() const override { return 3; }
+    QVariant headerData(int section, Qt::Orientation, int role) const override
+    {
+        return role == Qt::DisplayRole ? QStringList {"Login", "Name", "Shell"}.value(section)
+                                       : QVariant();
+    }
+    QVariant data(int column, int role) const override
+    {
+        if (role == Qt::DisplayRole && column > 0)
+            return column == 1 ? this->_title : this->_elementData->value("shell");
+        return Kind::data(column, role);
+    }
+    OperationType availableOperations() const override
+    {
+        return Kind::availableOperations() | _extra;
+    }
+    void performOperation(OperationType type, ElementData *data, int alternative) override
+    {
+        if (type & _extra)
+            return this->module().performOperation(this, type, data, alternative);
+        Kind::performOperation(type, data, alternative);
+    }
+    QStringList displayChildrenVariants() const override // LoginOperation2: no display change
+    {
+        return _extra & (ChangeDisplayOperation | LoginOperation2) ? QStringList {"a", "b"}
+                                                                   : QStringList();
+    }
+
+private:
+    const OperationType _extra;
+};
+using Users = Item<ContainerElement>;
+using User = Item<OrdinaryElement>;
+using Mailbox = Item<SupplementElement>;
+
+// The user form: the shell in a line edit, applied with a button.
+class UserForm : public ViewEditElementWidget
+{
+public:
+    explicit UserForm(Module &module, const char *type = "user", int priority = 500,
+                      const char *beside = "Undefined")
+        : ViewEditElementWidget(module, &Module::defaultTrue)
+    {
+        _elementType = QLatin1String(type);
+        _priority = priority;
+        _supplementElementWidgetType = QLatin1String(beside);
+        auto *layout = new QGridLayout(this);
+        layout->addWidget(shell = new QLineEdit(this), 0, 0);
+        layout->addWidget(apply = new QPushButton(QStringLiteral("Apply"), this), 0, 1);
+        connect(shell, &QLineEdit::textEdited, this, &ViewEditElementWidget::changeContent);
+        connect(apply, &QPushButton::clicked, this, &ViewEditElementWidget::applyContentChanges);
+    }
+    ElementData *exportElementData() const override
+    {
+        return new ElementData(record(shell->text()));
+    }
+    void reset() override
+    {
+        shell->clear();
+        ViewEditElementWidget::reset();
+    }
+    void afterSuccessfulRead(Element *element, ElementData *data) override
+    {
+        shell->setText(data->value("shell").toString());
+        ViewEditElementWidget::afterSuccessfulRead(element, data);
+    }
+    QLineEdit *shell;
+    QPushButton *apply;
+};
+
+class UsersModule : public Module
+{
+public:
+    UsersModule()
+        : Module(QStringLiteral("users"), nullptr, false)
+    {
+        insertElementWidget(
+            new ElementsElementWidget(QStringLiteral("users"), *this, &Module::defaultTrue));
+        insertElementWidget(new UserForm(*this, "user", 500, "groups"));
+        insertElementWidget(new UserForm(*this, "mailbox", 100));
+        insertElementWidget(new SupplementElementsElementWidget(
+            QStringLiteral("groups"), QStringLiteral("Groups"), *this, &Module::defaultTrue));
+        users = new Users(*this, "users", QStringLiteral("Users"));
+    }
+    void performOperation(ContextOperation *context, OperationType type, ElementData *data,
+                          int) override
+    {
+        if (type == InsertedOperation || type == RemovedOperation)
+            return; // tree notifications, not the user's
+        Element *element = context->elementContext();
+        log << QStringLiteral("%1:%2")
+                   .arg(element ? element->title() : QStringLiteral("widget"))
+                   .arg(quint64(type), 0, 16);
+        auto *form = static_cast<UserForm *>(
+            elementWidget(element ? element->elementType() : QStringLiteral("user")));
+        if (type == ReadContentOperation) {
+            for (QString name :
+                 {"alice:/bin/bash", "bob:/usr/sbin/nologin", "a.b:/bin/sh", "axb:/bin/dash"})
+                element->append(
+                    new User(*this, "user", name.section(':', 0, 0), name.section(':', 1)));
+        } else if (type == ReadOperation) {
+            form->afterSuccessfulRead(element, element->elementData());
+        } else if (type == UpdateOperation) {
+            element->elementData()->insert(QStringLiteral("shell"), data->value("shell"));
+            element->emitNodeDataChanged();
+            form->setUnchanged();
+        } else if (type == CreateOperation) {
+            users->append(new User(*this, "user", data->value("shell").toString(), "/bin/sh"));
+            form->setUnchanged();
+        }
+        delete data; // owned here, as a task owns the record it is given
+    }
+    Users *users;
+    QStringList log;
+};
+
+// Answers the next message box with @p button and keeps its text.
+inline void answerNextBox(QMessageBox::StandardButton button, QString *text)
+{
+    QTimer::singleShot(0, [=] {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        if (!box)
+            return answerNextBox(button, text);
+        *text = box->text();
+        box->button(button)->click();
+    });
+}
+
+using Tester = QAbstractItemModelTester;
+
+// The element signals of either view, as "structure(bob)", "selected(-)", ...
+template<typename View> QAbstractItemView *makeView(QStringList *record)
+{
+    auto *view = new View;
+    auto add = [=](const char *what) {
+        return [=](Element *e) {
+            *record << QString("%1(%2)").arg(what, e ? e->title() : "-");
+        };
+    };
+    QObject::connect(view, &View::currentElementChangedStructure, [=](const QModelIndex &index) {
+        *record << QString("structure(%1)").arg(index.isValid() ? index.data().toString() : "-");
+    });
+    QObject::connect(view, &View::elementContextOperationChangedSelected, add("selected"));
+    QObject::connect(view, &View::elementContextOperationChangedFocused, add("focused"));
+    QObject::connect(view, &View::elementContextOperationChangedChanged, add("changed"));
+    return view;
+}
+
+} // namespace
 
 class tst_ElementWidgets : public QObject
 {
@@ -30,24 +219,278 @@ private Q_SLOTS:
         _module = std::make_unique<UsersModule>();
         _list = static_cast<ElementsElementWidget *>(_module->elementWidget("users"));
         _form = static_cast<UserForm *>(_module->elementWidget("user"));
-        _tester = std::make_unique<QAbstractItemModelTester>(
-            _list->proxyModel(), QAbstractItemModelTester::FailureReportingMode::Fatal);
+        _tester
+            = std::make_unique<Tester>(_list->proxyModel(), Tester::FailureReportingMode::Fatal);
     }
     void cleanup()
     {
         _tester.reset();
         _module.reset();
     }
+    void listsAndOpens()
+    {
+        showList();
+        QCOMPARE(rows(), QStringLiteral("a.b alice axb bob"));
+        QCOMPARE(_list->proxyModel()->columnCount(), 2); // the login column is the tree's
+        _list->hide();
+        _list->show();
+        QCOMPARE(_module->log, QStringList {"Users:8"}); // read once, shown twice
 
-    void listsAndOpens();
-    void filter_data();
-    void filter();
-    void keepsViewStateInSettings();
-    void readsAndUpdates();
-    void creates();
-    void activation_data();
-    void activation();
-    void forgetsDestroyedElement();
+        QSignalSpy current(_module->users, &TreeNode::setCurrentNode);
+        ElementTreeView *view = _list->elementTreeView();
+        const QModelIndex bob = _list->proxyModel()->index(3, 0);
+        // A double click is a click (which selects) followed by the double-click event.
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(bob).center());
+        QVERIFY(view->selectionModel()->isSelected(bob));
+        QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(bob).center());
+        QCOMPARE(current.count(), 1);
+        QCOMPARE(current.at(0).at(0).value<TreeNode *>(), user(1));
+        QVERIFY(view->selectionModel()->selectedIndexes().isEmpty());
+    }
+    void filter_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<QString>("pattern");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("wildcard searches every shown column") << 0 << "*ash"
+                                                              << "alice axb";
+        QTest::newRow("fixed string: a dot is a dot") << 2 << "a.b"
+                                                      << "a.b";
+        QTest::newRow("regexp: a dot is any character") << 1 << "a.b"
+                                                        << "a.b axb";
+        QTest::newRow("unfinished regexp hides nothing") << 1 << "(a"
+                                                         << "a.b alice axb bob";
+        QTest::newRow("case does not matter") << 2 << "NOLOGIN"
+                                              << "bob";
+        QTest::newRow("no match") << 0 << "zsh"
+                                  << "";
+    }
+    void filter()
+    {
+        QFETCH(int, type);
+        QFETCH(QString, pattern);
+        showList();
+        for (int i = 0; i < type; ++i)
+            QTest::keyClick(_list->patternTypeComboBox(), Qt::Key_Down);
+        QTest::keyClicks(_list->patternLineEdit(), pattern);
+        QTEST(rows(), "shown");
+    }
+    void keepsViewStateInSettings()
+    {
+        QSettings().setValue("elementsElementWidget/usersFilterType", 2);
+        QSettings().setValue("elementsElementWidget/usersFilterValue", "a.b");
+        showList();
+        QCOMPARE(rows(), QStringLiteral("a.b"));
+        // The user sorts by shell and types another filter; hiding keeps both.
+        QHeaderView *header = _list->elementTreeView()->header();
+        QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
+                          QPoint(header->sectionViewportPosition(1) + 4, header->height() / 2));
+        QTest::keyClick(_list->patternTypeComboBox(), Qt::Key_Up);
+        QTest::keyClick(_list->patternLineEdit(), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(_list->patternLineEdit(), "bo");
+        _list->hide();
+        QCOMPARE(QSettings().value("elementsElementWidget/usersFilterType").toInt(), 1);
+        QCOMPARE(QSettings().value("elementsElementWidget/usersFilterValue").toString(), "bo");
+
+        _list->elementTreeView()->sortByColumn(0, Qt::AscendingOrder);
+        _list->show();
+        QCOMPARE(header->sortIndicatorSection(), 1);
+        QCOMPARE(rows(), QStringLiteral("bob"));
+    }
+    void formCycle_data()
+    {
+        QTest::addColumn<int>("role");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QStringList>("log");
+        QTest::addColumn<int>("firstState");
+        QTest::newRow("read, edit, update")
+            << int(ViewEditRole) << "x" << QStringList {"Users:8", "alice:20", "alice:40"} << 3;
+        QTest::newRow("create") << int(CreateRole) << "carol" << QStringList {"widget:4"} << 2;
+    }
+    void formCycle()
+    {
+        QFETCH(int, role);
+        QFETCH(QString, typed);
+        QSignalSpy states(_form, &ViewEditElementWidget::contentChanged);
+        Element *alice = role == ViewEditRole ? user(0) : nullptr;
+        _form->setElement(alice, ElementWidgetRole(role));
+        _form->show();
+        QVERIFY(_form->isEnabled());
+        const QString before = _form->shell->text();
+        QTest::keyClicks(_form->shell, typed);
+        QTest::mouseClick(_form->apply, Qt::LeftButton);
+        QTEST(_module->log, "log");
+        QTEST(states.first().at(0).toInt(), "firstState");
+        QCOMPARE(states.last().at(0).toInt(), 0);
+        Element *changed
+            = alice ? alice : static_cast<Element *>(_module->users->childNodes().at(0));
+        QCOMPARE(alice ? changed->elementData()->value("shell").toString() : changed->title(),
+                 before + typed);
+    }
+    void activation_data()
+    {
+        QTest::addColumn<quint64>("offers");
+        QTest::addColumn<bool>("edited");
+        QTest::addColumn<int>("answer");
+        QTest::addColumn<QString>("question");
+        const QString unsaved = QStringLiteral("Changes not saved!\nContinue without saving?");
+        QTest::newRow("display variants without display change are refused")
+            << quint64(LoginOperation2) << false << int(QMessageBox::Ok)
+            << "Activation of this element not supported!";
+        QTest::newRow("No keeps the edits")
+            << quint64(0) << true << int(QMessageBox::No) << unsaved;
+        QTest::newRow("Yes activates") << quint64(0) << true << int(QMessageBox::Yes) << unsaved;
+        QTest::newRow("display change goes to the module, which owns its record")
+            << quint64(ChangeDisplayOperation) << false << 0 << QString();
+    }
+    void activation()
+    {
+        QFETCH(quint64, offers);
+        QFETCH(bool, edited);
+        QFETCH(int, answer);
+        _form->setElement(user(0), ViewEditRole);
+        _form->show();
+        if (edited)
+            QTest::keyClicks(_form->shell, "x");
+        auto *target = new User(*_module, "user", "target", {}, OperationType(offers));
+        QSignalSpy current(target, &TreeNode::setCurrentNode);
+        QString question;
+        if (answer)
+            answerNextBox(QMessageBox::StandardButton(answer), &question);
+        _form->setTreeNodeCurrent(target);
+        QTEST(question, "question");
+        QCOMPARE(current.count(), int(answer == 0 || answer == QMessageBox::Yes));
+        QCOMPARE(_form->isChanged(), edited); // until the tree shows the form another element
+        QCOMPARE(_form->shell->text(), QString(edited ? "/bin/bashx" : "/bin/bash"));
+        QCOMPARE(_module->log.last(), QString(answer ? "alice:20" : "target:800"));
+    }
+    void forgetsDestroyedElement()
+    {
+        ElementWidgetContainer2 container;
+        container.setElement(user(0));
+        QCOMPARE(tabs(container), QStringLiteral("alice Groups"));
+        delete user(0);
+        QCOMPARE(_form->element(), nullptr);
+        QCOMPARE(tabs(container), QString());
+        QCOMPARE(_form->parent(), nullptr); // given back to the module
+
+        showList();
+        delete _module->users;
+        _module->users = nullptr;
+        QCOMPARE(_list->element(), nullptr);
+        QCOMPARE(_list->proxyModel()->rowCount(), 0);
+    }
+    void viewSignals_data()
+    {
+        QTest::addColumn<QString>("steps");
+        QTest::addColumn<QString>("expected");
+        for (const char *view : {"tree", "table"}) {
+            auto row = [&](const char *name) -> QTestData & {
+                return QTest::addRow("%s: %s", view, name);
+            };
+            row("click selects with focus") << "click 1"
+                                            << "focused(-) structure(bob) selected(bob)";
+            row("selection elsewhere only moves the structure") << "select 1"
+                                                                << "structure(bob)";
+            row("focus reports the selected element") << "select 2 focus"
+                                                      << "structure(a.b) focused(a.b)";
+            row("data change of the selected row") << "select 1 change 1 change 2"
+                                                   << "structure(bob) changed(bob)";
+            row("removing the selected row leaves none")
+                << "select 1 remove 1"
+                << "structure(bob) structure(-) selected(-)";
+        }
+    }
+    void viewSignals()
+    {
+        QFETCH(QString, steps);
+        user(0)->append(new User(*_module, "user", "grandchild"));
+        _module->users->append(new Mailbox(*_module, "mailbox", "mail"));
+        ElementModel model(_module->users);
+        NodesWidgetProxyModel proxy(0x1);
+        proxy.setSourceModel(&model);
+        Tester tester(&proxy, Tester::FailureReportingMode::Fatal);
+        QCOMPARE(proxy.rowCount(), 4); // flat, without the supplement
+        QCOMPARE(proxy.rowCount(proxy.index(0, 0)), 0);
+
+        QWidget window;
+        QStringList record;
+        QAbstractItemView *view = QByteArray(QTest::currentDataTag()).startsWith("tree")
+            ? makeView<ElementTreeView>(&record)
+            : makeView<ElementTableView>(&record);
+        auto *other = new QLineEdit;
+        auto *layout = new QVBoxLayout(&window);
+        layout->addWidget(view);
+        layout->addWidget(other);
+        view->setModel(&proxy);
+        window.show();
+        QApplication::setActiveWindow(&window);
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        other->setFocus();
+        record.clear(); // the window's first focus went to the view
+
+        const QStringList words = steps.split(' ');
+        for (int i = 0; i < words.size(); ++i) {
+            const int row = words.value(i + 1).toInt();
+            auto *element = static_cast<Element *>(_module->users->childNodes().value(row));
+            if (words[i] == "click") {
+                const QPoint at = view->visualRect(proxy.index(row, 0)).center();
+                QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, at);
+            } else if (words[i] == "select") {
+                view->selectionModel()->select(proxy.index(row, 0),
+                                               QItemSelectionModel::ClearAndSelect
+                                                   | QItemSelectionModel::Rows);
+            } else if (words[i] == "focus") {
+                view->setFocus();
+            } else if (words[i] == "change") {
+                element->elementData()->insert(QStringLiteral("shell"), "/bin/zsh");
+                element->emitNodeDataChanged();
+            } else if (words[i] == "remove") {
+                _module->users->removeAt(row, 1);
+            }
+        }
+        QTEST(record.join(' '), "expected");
+    }
+    void containerTabs()
+    {
+        user(0)->append(new Mailbox(*_module, "mailbox", "mail", "/var/mail/alice"));
+        _module->log.clear();
+        ElementWidgetContainer2 container;
+        container.resize(420, 240);
+        container.show();
+        QSignalSpy states(&container, &ElementWidgetContainer2::contentChanged);
+        QVERIFY(container.setElement(user(0)));
+        QCOMPARE(tabs(container),
+                 QStringLiteral("alice mail Groups")); // own first, then by priority
+        QCOMPARE(_module->log, QStringList {"alice:20"}); // only the tab shown reads
+
+        QTabBar *bar = container.tabWidget()->tabBar();
+        QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(1).center());
+        QCOMPARE(_module->log, (QStringList {"alice:20", "mail:20"}));
+        QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(0).center());
+        QTest::keyClicks(_form->shell, "x");
+        QCOMPARE(states.last().at(0).toInt(), 3);
+        QString question; // leaving the edits: No stays, Yes moves on
+        for (auto answer : {QMessageBox::No, QMessageBox::Yes}) {
+            answerNextBox(answer, &question);
+            QCOMPARE(container.setElement(user(1)), answer == QMessageBox::Yes);
+            QCOMPARE(question, QStringLiteral("Changes not saved!\nContinue without saving?"));
+            QCOMPARE(tabs(container),
+                     answer == QMessageBox::Yes ? "bob Groups" : "alice mail Groups");
+        }
+
+        // Pictures with fixture elements, kept in the build tree.
+        const QString dir = QStringLiteral(OVT_PICTURES_DIR);
+        QVERIFY(QDir().mkpath(dir));
+        QVERIFY(container.grab().save(dir + "/elementwidgetcontainer2.png"));
+        container.setElement(_module->users);
+        QVERIFY(container.grab().save(dir + "/elementselementwidget.png"));
+        container.setElement(nullptr);
+        _form->setElement(nullptr, CreateRole);
+        _form->show();
+        QTest::keyClicks(_form->shell, "/bin/zsh");
+        QVERIFY(_form->grab().save(dir + "/vieweditelementwidget.png"));
+    }
 
 private:
     void showList()
@@ -62,8 +505,7 @@ private:
             _module->users->fetchMore();
         return static_cast<Element *>(_module->users->childNodes().at(row));
     }
-    // The logins shown, sorted: the order of the view is the user's choice.
-    QString rows() const
+    QString rows() const // sorted: the order of the view is the user's choice
     {
         QStringList names;
         for (int row = 0; row < _list->proxyModel()->rowCount(); ++row)
@@ -71,184 +513,19 @@ private:
         names.sort();
         return names.join(' ');
     }
+    QString tabs(ElementWidgetContainer2 &container) const
+    {
+        QStringList titles;
+        for (int i = 0; i < container.tabWidget()->count(); ++i)
+            titles << container.tabWidget()->tabText(i);
+        return titles.join(' ');
+    }
 
     std::unique_ptr<UsersModule> _module;
-    std::unique_ptr<QAbstractItemModelTester> _tester;
+    std::unique_ptr<Tester> _tester;
     ElementsElementWidget *_list = nullptr;
     UserForm *_form = nullptr;
 };
-
-void tst_ElementWidgets::listsAndOpens()
-{
-    showList();
-    QCOMPARE(rows(), QStringLiteral("a.b alice axb bob"));
-    QCOMPARE(_list->proxyModel()->columnCount(), 2); // the login column is the tree's
-    _list->hide();
-    _list->show();
-    QCOMPARE(_module->log, QStringList {"Users:8"}); // read once, shown twice
-
-    // A double click on bob makes him current in the module's tree.
-    QSignalSpy current(_module->users, &TreeNode::setCurrentNode);
-    ElementTreeView *view = _list->elementTreeView();
-    const QModelIndex bob = _list->proxyModel()
-                                ->match(_list->proxyModel()->index(0, 0), Qt::DisplayRole, "bob")
-                                .value(0);
-    // A double click is a click (which selects) followed by the double-click event.
-    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(bob).center());
-    QVERIFY(view->selectionModel()->isSelected(bob));
-    QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(bob).center());
-    QCOMPARE(current.count(), 1);
-    QCOMPARE(current.at(0).at(0).value<TreeNode *>(), user(1));
-    QVERIFY(view->selectionModel()->selectedIndexes().isEmpty());
-}
-
-void tst_ElementWidgets::filter_data()
-{
-    QTest::addColumn<int>("type");
-    QTest::addColumn<QString>("pattern");
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("wildcard searches every shown column") << 0 << "*ash"
-                                                          << "alice axb";
-    QTest::newRow("fixed string: a dot is a dot") << 2 << "a.b"
-                                                  << "a.b";
-    QTest::newRow("regexp: a dot is any character") << 1 << "a.b"
-                                                    << "a.b axb";
-    QTest::newRow("unfinished regexp hides nothing") << 1 << "(a"
-                                                     << "a.b alice axb bob";
-    QTest::newRow("case does not matter") << 2 << "NOLOGIN"
-                                          << "bob";
-    QTest::newRow("no match") << 0 << "zsh"
-                              << "";
-}
-
-void tst_ElementWidgets::filter()
-{
-    QFETCH(int, type);
-    QFETCH(QString, pattern);
-    showList();
-    for (int i = 0; i < type; ++i)
-        QTest::keyClick(_list->patternTypeComboBox(), Qt::Key_Down);
-    QTest::keyClicks(_list->patternLineEdit(), pattern);
-    QTEST(rows(), "shown");
-}
-
-void tst_ElementWidgets::keepsViewStateInSettings()
-{
-    QSettings().setValue("elementsElementWidget/usersFilterType", 2);
-    QSettings().setValue("elementsElementWidget/usersFilterValue", "a.b");
-    showList();
-    QCOMPARE(_list->patternTypeComboBox()->currentIndex(), 2);
-    QCOMPARE(rows(), QStringLiteral("a.b"));
-
-    // The user sorts by shell and types another filter; hiding keeps both.
-    QHeaderView *header = _list->elementTreeView()->header();
-    QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
-                      QPoint(header->sectionViewportPosition(1) + 4, header->height() / 2));
-    QTest::keyClick(_list->patternTypeComboBox(), Qt::Key_Up);
-    _list->patternLineEdit()->clear();
-    QTest::keyClicks(_list->patternLineEdit(), "bo");
-    _list->hide();
-    QCOMPARE(QSettings().value("elementsElementWidget/usersFilterType").toInt(), 1);
-    QCOMPARE(QSettings().value("elementsElementWidget/usersFilterValue").toString(), "bo");
-
-    ElementsElementWidget again(QStringLiteral("users"), *_module, &Module::defaultTrue);
-    again.setElement(_module->users, ViewEditRole);
-    again.show();
-    QCOMPARE(again.elementTreeView()->header()->sortIndicatorSection(), 1);
-    QCOMPARE(again.patternLineEdit()->text(), QStringLiteral("bo"));
-    QCOMPARE(again.proxyModel()->rowCount(), 1);
-}
-
-void tst_ElementWidgets::readsAndUpdates()
-{
-    QSignalSpy states(_form, &ViewEditElementWidget::contentChanged);
-    _form->setElement(user(0), ViewEditRole);
-    _form->show();
-    QCOMPARE(_form->shell->text(), QStringLiteral("/bin/bash"));
-    QVERIFY(_form->isEnabled());
-    QTest::keyClicks(_form->shell, "x");
-    QTest::mouseClick(_form->apply, Qt::LeftButton);
-    QCOMPARE(_module->log.mid(1), (QStringList {"alice:20", "alice:40"}));
-    QCOMPARE(user(0)->elementData()->value("shell").toString(), QStringLiteral("/bin/bashx"));
-    QCOMPARE(states.count(), 2);
-    QCOMPARE(states.at(0).at(0).toInt() * 10 + states.at(1).at(0).toInt(), 30);
-}
-
-void tst_ElementWidgets::creates()
-{
-    QSignalSpy states(_form, &ViewEditElementWidget::contentChanged);
-    _form->setElement(nullptr, CreateRole);
-    _form->show();
-    QVERIFY(_form->isEnabled());
-    QTest::keyClicks(_form->shell, "carol");
-    QTest::mouseClick(_form->apply, Qt::LeftButton);
-    QCOMPARE(_module->log, QStringList {"widget:4"});
-    QCOMPARE(static_cast<Element *>(_module->users->childNodes().value(0))->title(), "carol");
-    QList<int> seen;
-    for (const QList<QVariant> &state : qAsConst(states)) {
-        if (seen.value(seen.size() - 1, -1) != state.at(0).toInt()) // one per keystroke
-            seen << state.at(0).toInt();
-    }
-    QCOMPARE(seen, (QList<int> {2, 3, 0}));
-}
-
-void tst_ElementWidgets::activation_data()
-{
-    QTest::addColumn<quint64>("offers");
-    QTest::addColumn<bool>("edited");
-    QTest::addColumn<int>("answer");
-    QTest::addColumn<QString>("question");
-    QTest::addColumn<bool>("activated");
-    const QString unsaved = QStringLiteral("Changes not saved!\nContinue without saving?");
-    QTest::newRow("display variants without display change are refused")
-        << quint64(LoginOperation2) << false << int(QMessageBox::Ok)
-        << "Activation of this element not supported!" << false;
-    QTest::newRow("No keeps the edits")
-        << quint64(0) << true << int(QMessageBox::No) << unsaved << false;
-    QTest::newRow("Yes drops the edits")
-        << quint64(0) << true << int(QMessageBox::Yes) << unsaved << true;
-    QTest::newRow("display change goes to the module, which owns its record")
-        << quint64(ChangeDisplayOperation) << false << 0 << QString() << true;
-}
-
-void tst_ElementWidgets::activation()
-{
-    QFETCH(quint64, offers);
-    QFETCH(int, answer);
-    QFETCH(bool, activated);
-    _form->setElement(user(0), ViewEditRole);
-    _form->show();
-    QFETCH(bool, edited);
-    if (edited)
-        QTest::keyClicks(_form->shell, "x");
-    auto *target = new User(*_module, "user", "target", {}, OperationType(offers));
-    QSignalSpy current(target, &TreeNode::setCurrentNode);
-    QString question;
-    if (answer)
-        answerNextBox(QMessageBox::StandardButton(answer), &question);
-    _form->setTreeNodeCurrent(target);
-    QTEST(question, "question");
-    QCOMPARE(current.count(), int(activated));
-    QCOMPARE(_form->isChanged(), edited); // until the tree shows the form another element
-    QCOMPARE(_form->shell->text(), QString(edited ? "/bin/bashx" : "/bin/bash"));
-    QCOMPARE(_module->log.last(),
-             QString(offers == ChangeDisplayOperation ? "target:800" : "alice:20"));
-}
-
-void tst_ElementWidgets::forgetsDestroyedElement()
-{
-    _form->setElement(user(0), ViewEditRole);
-    delete user(0);
-    QCOMPARE(_form->element(), nullptr);
-    QCOMPARE(_form->caption(), QString());
-
-    showList();
-    delete _module->users;
-    _module->users = nullptr;
-    QCOMPARE(_list->element(), nullptr);
-    QCOMPARE(_list->elementModel()->rootNode(), nullptr);
-    QCOMPARE(_list->proxyModel()->rowCount(), 0);
-}
 
 QTEST_MAIN(tst_ElementWidgets)
 #include "tst_elementwidgets.moc"
