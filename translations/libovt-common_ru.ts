@@ -27,6 +27,64 @@
     </message>
 </context>
 <context>
+    <name>ElementWidgetContainer2</name>
+    <message>
+        <source>Element</source>
+        <translation>Элемент</translation>
+    </message>
+    <message>
+        <source>Element views</source>
+        <translation>Представления элемента</translation>
+    </message>
+    <message>
+        <source>Unsaved changes</source>
+        <translation>Несохранённые изменения</translation>
+    </message>
+    <message>
+        <source>Changes not saved!
+Continue without saving?</source>
+        <translation>Изменения не сохранены!
+Продолжить без сохранения?</translation>
+    </message>
+</context>
+<context>
+    <name>ElementsElementWidget</name>
+    <message>
+        <source>Form</source>
+        <translation>Форма</translation>
+    </message>
+    <message>
+        <source>Elements</source>
+        <translation>Элементы</translation>
+    </message>
+    <message>
+        <source>Pattern type</source>
+        <translation>Тип шаблона</translation>
+    </message>
+    <message>
+        <source>Wildcard</source>
+        <translation>Подстановочные знаки</translation>
+    </message>
+    <message>
+        <source>RegExp</source>
+        <comment>Regular expression</comment>
+        <translation>Регулярное выражение</translation>
+    </message>
+    <message>
+        <source>Fixed string</source>
+        <comment>Fixed String</comment>
+        <translation>Фиксированная строка</translation>
+    </message>
+    <message>
+        <source>Pattern</source>
+        <translation>Шаблон</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Фильтр</translation>
+    </message>
+</context>
+<context>
     <name>Module</name>
     <message>
         <source>Force reread mode</source>
@@ -46,6 +104,17 @@
     <message>
         <source>Description</source>
         <translation>Описание</translation>
+    </message>
+</context>
+<context>
+    <name>NodesElementWidget</name>
+    <message>
+        <source>Form</source>
+        <translation>Форма</translation>
+    </message>
+    <message>
+        <source>Elements</source>
+        <translation>Элементы</translation>
     </message>
 </context>
 <context>
