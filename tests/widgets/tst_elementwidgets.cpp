@@ -4,14 +4,15 @@
 #include "element/ordinaryelement.h"
 #include "element/supplementelement.h"
 #include "plugin/module.h"
+#include "treestring.h"
 #include "widgets/elementtableview.h"
 #include "widgets/elementtreeview.h"
 #include "widgets/elementwidgetcontainer2.h"
-#include "widgets/nodeswidgetproxymodel.h"
+#include "widgets/listwidgetproxymodel.h"
+#include "widgets/nodeselementwidget.h"
 #include "widgets/supplementelementselementwidget.h"
 #include "widgets/vieweditelementwidget.h"
 
-#include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
@@ -181,8 +182,6 @@ inline void answerNextBox(QMessageBox::StandardButton button, QString *text)
     });
 }
 
-using Tester = QAbstractItemModelTester;
-
 } // namespace
 
 class tst_ElementWidgets : public QObject
@@ -201,14 +200,9 @@ private Q_SLOTS:
         _module = std::make_unique<UsersModule>();
         _list = static_cast<ElementsElementWidget *>(_module->elementWidget("users"));
         _form = static_cast<UserForm *>(_module->elementWidget("user"));
-        _tester
-            = std::make_unique<Tester>(_list->proxyModel(), Tester::FailureReportingMode::Fatal);
+        OvtTest::watch(_list->proxyModel());
     }
-    void cleanup()
-    {
-        _tester.reset();
-        _module.reset();
-    }
+    void cleanup() { _module.reset(); }
     void listsAndOpens()
     {
         showList();
@@ -231,31 +225,22 @@ private Q_SLOTS:
     }
     void filter_data()
     {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<QString>("pattern");
-        QTest::addColumn<QString>("shown");
-        QTest::newRow("wildcard searches every shown column") << 0 << "*ash"
-                                                              << "alice axb";
-        QTest::newRow("fixed string: a dot is a dot") << 2 << "a.b"
-                                                      << "a.b";
-        QTest::newRow("regexp: a dot is any character") << 1 << "a.b"
-                                                        << "a.b axb";
-        QTest::newRow("unfinished regexp hides nothing") << 1 << "(a"
-                                                         << "a.b alice axb bob";
-        QTest::newRow("case does not matter") << 2 << "NOLOGIN"
-                                              << "bob";
-        QTest::newRow("no match") << 0 << "zsh"
-                                  << "";
+        OvtTest::table(); // pattern type; pattern; the logins shown
+        OvtTest::row("wildcard searches every shown column", "0; *ash; alice axb");
+        OvtTest::row("fixed string: a dot is a dot", "2; a.b; a.b");
+        OvtTest::row("regexp: a dot is any character", "1; a.b; a.b axb");
+        OvtTest::row("unfinished regexp hides nothing", "1; (a; a.b alice axb bob");
+        OvtTest::row("case does not matter", "2; NOLOGIN; bob");
+        OvtTest::row("no match", "0; zsh; ");
     }
     void filter()
     {
-        QFETCH(int, type);
-        QFETCH(QString, pattern);
+        const auto [type, pattern, shown] = OvtTest::fields<3>();
         showList();
-        for (int i = 0; i < type; ++i)
+        for (int i = 0; i < type.toInt(); ++i)
             QTest::keyClick(_list->patternTypeComboBox(), Qt::Key_Down);
         QTest::keyClicks(_list->patternLineEdit(), pattern);
-        QTEST(rows(), "shown");
+        QCOMPARE(rows(), shown);
     }
     void keepsViewStateInSettings()
     {
@@ -281,18 +266,14 @@ private Q_SLOTS:
     }
     void formCycle_data()
     {
-        QTest::addColumn<int>("role");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QStringList>("log");
-        QTest::addColumn<int>("firstState");
-        QTest::newRow("read, edit, update")
-            << int(ViewEditRole) << "x" << QStringList {"Users:8", "alice:20", "alice:40"} << 3;
-        QTest::newRow("create") << int(CreateRole) << "carol" << QStringList {"widget:4"} << 2;
+        OvtTest::table(); // role; typed; operations; first state
+        OvtTest::row("read, edit, update", "1; x; Users:8 alice:20 alice:40; 3");
+        OvtTest::row("create", "2; carol; widget:4; 2");
     }
     void formCycle()
     {
-        QFETCH(int, role);
-        QFETCH(QString, typed);
+        const auto [roleText, typed, operations, firstState] = OvtTest::fields<4>();
+        const int role = roleText.toInt();
         QSignalSpy states(_form, &ViewEditElementWidget::contentChanged);
         Element *alice = role == ViewEditRole ? user(0) : nullptr;
         _form->setElement(alice, ElementWidgetRole(role));
@@ -301,8 +282,8 @@ private Q_SLOTS:
         const QString before = _form->shell->text();
         QTest::keyClicks(_form->shell, typed);
         QTest::mouseClick(_form->apply, Qt::LeftButton);
-        QTEST(_module->log, "log");
-        QTEST(states.first().at(0).toInt(), "firstState");
+        QCOMPARE(_module->log, OvtTest::words(operations));
+        QCOMPARE(states.first().at(0).toString(), firstState);
         QCOMPARE(states.last().at(0).toInt(), 0);
         Element *changed
             = alice ? alice : static_cast<Element *>(_module->users->childNodes().at(0));
@@ -311,40 +292,48 @@ private Q_SLOTS:
     }
     void activation_data()
     {
-        QTest::addColumn<quint64>("offers");
-        QTest::addColumn<bool>("edited");
-        QTest::addColumn<int>("answer");
-        QTest::addColumn<QString>("question");
-        const QString unsaved = QStringLiteral("Changes not saved!\nContinue without saving?");
-        QTest::newRow("display variants without display change are refused")
-            << quint64(LoginOperation2) << false << int(QMessageBox::Ok)
-            << "Activation of this element not supported!";
-        QTest::newRow("No keeps the edits")
-            << quint64(0) << true << int(QMessageBox::No) << unsaved;
-        QTest::newRow("Yes activates") << quint64(0) << true << int(QMessageBox::Yes) << unsaved;
-        QTest::newRow("display change goes to the module, which owns its record")
-            << quint64(ChangeDisplayOperation) << false << 0 << QString();
+        OvtTest::table(); // extra operations offered; typed; answer; first line of the question
+        OvtTest::row("display variants without display change are refused",
+                     "40000; ; Ok; Activation of this element not supported!");
+        OvtTest::row("No keeps the edits", "0; x; No; Changes not saved!");
+        OvtTest::row("Yes activates", "0; x; Yes; Changes not saved!");
+        OvtTest::row("display change goes to the module, which owns its record", "800; ; ; ");
     }
     void activation()
     {
-        QFETCH(quint64, offers);
-        QFETCH(bool, edited);
-        QFETCH(int, answer);
+        const auto [offers, typed, answerName, asked] = OvtTest::fields<4>();
+        const bool edited = !typed.isEmpty();
+        const int answer = QMap<QString, int> {
+            {"Ok", QMessageBox::Ok},
+            {"No", QMessageBox::No},
+            {"Yes",
+             QMessageBox::Yes}}.value(answerName);
         _form->setElement(user(0), ViewEditRole);
         _form->show();
         if (edited)
             QTest::keyClicks(_form->shell, "x");
-        auto *target = new User(*_module, "user", "target", {}, OperationType(offers));
+        auto *target = new User(*_module, "user", "target", {},
+                                OperationType(offers.toULongLong(nullptr, 16)));
         QSignalSpy current(target, &TreeNode::setCurrentNode);
         QString question;
         if (answer)
             answerNextBox(QMessageBox::StandardButton(answer), &question);
         _form->setTreeNodeCurrent(target);
-        QTEST(question, "question");
+        QCOMPARE(question.section('\n', 0, 0), asked);
         QCOMPARE(current.count(), int(answer == 0 || answer == QMessageBox::Yes));
         QCOMPARE(_form->isChanged(), edited); // until the tree shows the form another element
         QCOMPARE(_form->shell->text(), QString(edited ? "/bin/bashx" : "/bin/bash"));
         QCOMPARE(_module->log.last(), QString(answer ? "alice:20" : "target:800"));
+    }
+    void nodesListIsFlat()
+    {
+        user(0)->append(new User(*_module, "user", "grandchild"));
+        _module->users->append(new Mailbox(*_module, "mailbox", "mail"));
+        NodesElementWidget nodes(QStringLiteral("users"), *_module, &Module::defaultTrue);
+        OvtTest::watch(nodes.proxyModel());
+        nodes.setElement(_module->users, ViewEditRole);
+        nodes.show();
+        QCOMPARE(OvtTest::modelToString(nodes.proxyModel()), QStringLiteral("[alice bob a.b axb]"));
     }
     void forgetsDestroyedElement()
     {
@@ -364,23 +353,20 @@ private Q_SLOTS:
     }
     void viewSignals_data()
     {
-        QTest::addColumn<QString>("steps");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("click selects with focus") << "click 1"
-                                                  << "focused(-) structure(bob) selected(bob)";
-        QTest::newRow("selection elsewhere only moves the structure") << "select 1"
-                                                                      << "structure(bob)";
-        QTest::newRow("focus reports the selected element") << "select 2 focus"
-                                                            << "structure(a.b) focused(a.b)";
-        QTest::newRow("data change of the selected row") << "select 1 change 1 change 2"
-                                                         << "structure(bob) changed(bob)";
-        QTest::newRow("removing the selected row leaves none")
-            << "select 1 remove 1"
-            << "structure(bob) structure(-) selected(-)";
+        OvtTest::table(); // steps on rows of the source; signals
+        OvtTest::row("click selects with focus",
+                     "click 1; focused(-) structure(bob) selected(bob)");
+        OvtTest::row("selection elsewhere only moves the structure", "select 1; structure(bob)");
+        OvtTest::row("focus reports the selected element",
+                     "select 2 focus; structure(a.b) focused(a.b)");
+        OvtTest::row("data change of the selected row",
+                     "select 1 change 1 change 2; structure(bob) changed(bob)");
+        OvtTest::row("removing the selected row leaves none",
+                     "select 1 remove 1; structure(bob) structure(-) selected(-)");
     }
     void viewSignals() // through the list widget, which passes the view's element signals on
     {
-        QFETCH(QString, steps);
+        const auto [steps, expected] = OvtTest::fields<2>();
         user(0)->parentNode()->append(new Mailbox(*_module, "mailbox", "mail")); // not listed
         showList();
         _list->patternLineEdit()->setFocus();
@@ -422,7 +408,7 @@ private Q_SLOTS:
             else if (words[i] == "remove")
                 _module->users->removeAt(words.value(i + 1).toInt(), 1); // source rows
         }
-        QTEST(record.join(' '), "expected");
+        QCOMPARE(record.join(' '), expected);
     }
     void containerTabs()
     {
@@ -495,7 +481,6 @@ private:
     }
 
     std::unique_ptr<UsersModule> _module;
-    std::unique_ptr<Tester> _tester;
     ElementsElementWidget *_list = nullptr;
     UserForm *_form = nullptr;
 };
