@@ -1,6 +1,8 @@
 #include "elementwidget.h"
 
 #include "element/element.h"
+#include "element/elementmodel.h"
+#include "widgets/listelementwidget.h"
 
 #include <QShowEvent>
 
@@ -26,6 +28,20 @@ void ElementWidget::setAlternativeExpected(int) { }
 
 void ElementWidget::setElement(Element *element, ElementWidgetRole role)
 {
+    if (element != _element) {
+        if (_element)
+            disconnect(_element, &QObject::destroyed, this, nullptr);
+        // A task may delete the element shown (DeleteTask does); the widget must not keep
+        // a pointer to it, nor a list widget's model a root that is gone.
+        if (element)
+            connect(element, &QObject::destroyed, this, [this](QObject *gone) {
+                if (static_cast<QObject *>(_element) != gone)
+                    return;
+                _element = nullptr;
+                if (auto *list = qobject_cast<ListElementWidget *>(this))
+                    list->elementModel()->setRootNode(nullptr);
+            });
+    }
     _element = element;
     _role = role;
 }

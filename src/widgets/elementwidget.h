@@ -36,7 +36,11 @@ public Q_SLOTS:
     void performOperation(OperationType operation, ElementData *data, int alternative) override;
     /** Hook for widgets that stand for more than one kind of element; does nothing here. */
     virtual void setAlternativeExpected(int alternative);
-    /** Stores the element shown (not owned) and the role. */
+    /**
+     * Stores the element shown (not owned) and the role. When that element is destroyed,
+     * element() turns null (and a list widget's model loses its root) before anything else can
+     * reach it through the widget.
+     */
     virtual void setElement(Element *element, ElementWidgetRole role);
     /** Reads what the widget shows; called on every show the application causes. */
     virtual void read();
@@ -52,6 +56,6 @@ protected:
 
     QString _supplementElementWidgetType;
     int _priority;
-    Element *_element; // not owned
+    Element *_element; // not owned; null again once the element is destroyed
     ElementWidgetRole _role;
 };

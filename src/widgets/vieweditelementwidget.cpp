@@ -156,10 +156,10 @@ void ViewEditElementWidget::setTreeNodeCurrent(TreeNode *node)
         return;
     if (_role == CreateRole)
         setUnchanged();
-    if (hasVariants) {
-        ChangeDisplayElementData data(0);
-        element->performOperation(ChangeDisplayOperation, &data, 0);
-    }
+    // The record goes to the receiver for good: a module that makes a task of it hands it to
+    // the task, which deletes it.
+    if (hasVariants)
+        element->performOperation(ChangeDisplayOperation, new ChangeDisplayElementData(0), 0);
     element->emitSetCurrentNode();
 }
 

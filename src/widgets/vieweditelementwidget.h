@@ -24,6 +24,9 @@ public:
     bool isChanged() const;
     /**
      * Activates another element from inside the form, asking first when edits are not saved.
+     * An element with display variants first receives ChangeDisplayOperation with a new
+     * ChangeDisplayElementData(0) that the receiver owns from then on (a module that makes
+     * a task of it hands it to the task, which deletes it).
      */
     void setTreeNodeCurrent(TreeNode *node);
     /** Tells the user that the element cannot be activated. */
