@@ -1,17 +1,14 @@
 #pragma once
 
-// A module whose performOperation() builds the library's task kinds, its elements and form, and
-// a log that the tests compare whole.
+// A module that builds task kinds for operations, its elements and form, and one log.
 
 #include "element/element.h"
 #include "element/elementdata.h"
 #include "plugin/module.h"
 #include "task/controlservicetask.h"
+#include "task/servicetask.h"
 #include "task/taskobserver.h"
 #include "widgets/vieweditelementwidget.h"
-
-#include <QMap>
-#include <QStringList>
 
 #include <functional>
 
@@ -21,7 +18,6 @@ inline QStringList &fixtureLog()
     return log;
 }
 
-/** Offers every operation and hands it to its module, as elements of plug-ins do. */
 class Item : public Element
 {
 public:
@@ -40,7 +36,6 @@ public:
     QString caption() const override { return title(); }
 };
 
-/** The form of every Item; logs what the tasks tell it. */
 class Form : public ViewEditElementWidget
 {
 public:
@@ -50,105 +45,75 @@ public:
         _elementType = QStringLiteral("item");
         connect(this, &ViewEditElementWidget::contentChanged, [](int state) {
             if (state == 0)
-                fixtureLog() << QStringLiteral("unchanged");
+                fixtureLog() << "unchanged";
         });
     }
-    void afterSuccessfulUpdate() override { fixtureLog() << QStringLiteral("updated"); }
-    void afterSuccessfulRead(Element *element, ElementData *) override
-    {
-        fixtureLog() << QStringLiteral("read(%1)").arg(element->title());
-    }
-    void afterSuccessfulImport(ElementData *data) override
-    {
-        fixtureLog() << QStringLiteral("imported(%1)").arg(data->name());
-    }
+    void afterSuccessfulUpdate() override { fixtureLog() << "updated"; }
+    void afterSuccessfulRead(Element *e, ElementData *) override { fixtureLog() << e->title(); }
+    void afterSuccessfulImport(ElementData *d) override { fixtureLog() << "imported:" + d->name(); }
 };
 
-/** A skeleton kind whose run() ends with a given status, as a plug-in's would after its work. */
-template<class Kind> class Scripted : public Kind
+// A kind as plug-ins derive it; a user given to a ServiceTask puts the command word last.
+template<class Kind> class Fixture : public Kind
 {
 public:
     template<class... Args>
-    Scripted(TaskDescription::TaskStatus outcome, ElementData *data, Args... args)
+    Fixture(TaskDescription::TaskStatus outcome, ElementData *data, Args... args)
         : Kind(args...)
         , _outcome(outcome)
     {
-        if (data)
-            this->_elementData = data;
+        this->_elementData = data;
+    }
+    Fixture(Element *element, const QString &program, const QStringList &arguments,
+            const QString &user)
+        : Kind(element)
+    {
+        this->_program = program;
+        this->_arguments = arguments;
+        if constexpr (std::is_same_v<Kind, ControlServiceTask>)
+            this->_user = user;
+        else
+            this->_commandFirst = user.isEmpty();
     }
     void run() override
     {
+        if constexpr (std::is_base_of_v<ServiceTask,
+                                        Kind> || std::is_same_v<Kind, ControlServiceTask>)
+            return Kind::run();
         this->_taskDescription.setStatus(_outcome);
         AbstractTask::run();
     }
 
 private:
-    TaskDescription::TaskStatus _outcome;
+    TaskDescription::TaskStatus _outcome = TaskDescription::Success;
 };
 
-/** A service kind pointed at a program, as a plug-in's constructor would. */
-template<class Kind> class Configured : public Kind
-{
-public:
-    Configured(Element *element, const QString &program, const QStringList &arguments,
-               bool commandFirst = true)
-        : Kind(element)
-    {
-        this->_program = program;
-        this->_arguments = arguments;
-        this->_commandFirst = commandFirst;
-    }
-};
-
-class Control : public ControlServiceTask
-{
-public:
-    Control(const QString &user, const QString &program, const QStringList &arguments)
-        : ControlServiceTask(nullptr)
-    {
-        _user = user;
-        _program = program;
-        _arguments = arguments;
-    }
-    using ControlServiceTask::existPackage;
-};
-
-/**
- * Logs each operation as "name(data name)", then builds the task registered for it. Each task
- * built takes the next of the queued outcomes (success once they are used up).
- */
+// Logs each operation as "name(data name)"; build() makes its task with the next outcome.
 class FixtureModule : public Module
 {
 public:
-    using Builder
-        = std::function<AbstractTask *(Element *, ElementData *, TaskDescription::TaskStatus)>;
-
-    explicit FixtureModule(const QVariant &paranoid)
+    explicit FixtureModule(const QString &paranoid)
         : Module(QStringLiteral("fixture"), nullptr, false)
     {
-        if (paranoid.isValid())
-            _moduleData->insert(QStringLiteral("paranoid"), paranoid);
-        else
+        _moduleData->insert(QStringLiteral("paranoid"), paranoid == "on"); // not the stored one
+        if (paranoid == "-")
             _moduleData->remove(QStringLiteral("paranoid"));
     }
     void performOperation(ContextOperation *context, OperationType type, ElementData *data,
                           int) override
     {
-        static const QMap<quint64, QString> names {
-            {CreateOperation, "create"}, {ReadContentOperation, "readContent"},
-            {ReadOperation, "read"},     {UpdateOperation, "update"},
-            {DeleteOperation, "delete"}, {RemovedOperation, "removed"}};
-        fixtureLog() << QStringLiteral("%1(%2)").arg(names.value(type, QStringLiteral("op")),
-                                                     data ? data->name() : QStringLiteral("null"));
-        const TaskDescription::TaskStatus outcome
-            = outcomes.isEmpty() ? TaskDescription::Success : outcomes.takeFirst();
-        if (builders.contains(type))
-            TaskObserver::instance()->performTask(
-                builders[type](context->elementContext(), data, outcome));
+        static const QStringList names {"inserted",  "removed", "create", "readContent",
+                                        "readLight", "read",    "update", "delete"};
+        fixtureLog() << names.value(qCountTrailingZeroBits(quint64(type)), "op") + "("
+                + (data ? data->name() : "null") + ")";
+        const auto outcome = outcomes.isEmpty() ? TaskDescription::Success : outcomes.takeFirst();
+        if (AbstractTask *task = build(context->elementContext(), type, data, outcome))
+            TaskObserver::instance()->performTask(task);
         else
             delete data;
     }
 
-    QMap<quint64, Builder> builders;
+    std::function<AbstractTask *(Element *, quint64, ElementData *, TaskDescription::TaskStatus)>
+        build;
     QList<TaskDescription::TaskStatus> outcomes;
 };
