@@ -13,6 +13,32 @@
     </message>
 </context>
 <context>
+    <name>ControlServiceTask</name>
+    <message>
+        <source>Failed to execute command &quot;%1 %2&quot;</source>
+        <translation>Не удалось выполнить команду &quot;%1 %2&quot;</translation>
+    </message>
+</context>
+<context>
+    <name>DummyTask</name>
+    <message>
+        <source>Dummy task</source>
+        <translation>Пробная задача</translation>
+    </message>
+    <message>
+        <source>ERROR!!!
+ERROR!!!
+ERROR!!!
+ERROR!!!
+</source>
+        <translation>ОШИБКА!!!
+ОШИБКА!!!
+ОШИБКА!!!
+ОШИБКА!!!
+</translation>
+    </message>
+</context>
+<context>
     <name>Element</name>
     <message>
         <source>Do you really want to remove this element?</source>
@@ -24,6 +50,30 @@
     <message>
         <source>Name</source>
         <translation>Имя</translation>
+    </message>
+</context>
+<context>
+    <name>ExportHtmlTask</name>
+    <message>
+        <source>Export to HTML</source>
+        <translation>Экспорт в HTML</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; error %2
+%3</source>
+        <translation>&quot;%1&quot;: ошибка %2
+%3</translation>
+    </message>
+</context>
+<context>
+    <name>ExportWidgetTask</name>
+    <message>
+        <source>Export</source>
+        <translation>Экспорт</translation>
+    </message>
+    <message>
+        <source>Export success!</source>
+        <translation>Экспорт выполнен успешно!</translation>
     </message>
 </context>
 <context>
@@ -110,6 +160,56 @@
     <message>
         <source>Description</source>
         <translation>Описание</translation>
+    </message>
+</context>
+<context>
+    <name>PreviewDialog</name>
+    <message>
+        <source>Print preview</source>
+        <translation>Предварительный просмотр печати</translation>
+    </message>
+    <message>
+        <source>Print…</source>
+        <translation>Печать…</translation>
+    </message>
+    <message>
+        <source>Print preview…</source>
+        <translation>Предварительный просмотр…</translation>
+    </message>
+    <message>
+        <source>Page setup…</source>
+        <translation>Параметры страницы…</translation>
+    </message>
+    <message>
+        <source>Export to HTML…</source>
+        <translation>Экспорт в HTML…</translation>
+    </message>
+    <message>
+        <source>Zoom out</source>
+        <translation>Уменьшить</translation>
+    </message>
+    <message>
+        <source>Zoom in</source>
+        <translation>Увеличить</translation>
+    </message>
+    <message>
+        <source>Export to HTML</source>
+        <translation>Экспорт в HTML</translation>
+    </message>
+    <message>
+        <source>HTML files (*.html *.htm);;All files (*)</source>
+        <translation>Файлы HTML (*.html *.htm);;Все файлы (*)</translation>
+    </message>
+</context>
+<context>
+    <name>PrintWidgetTask</name>
+    <message>
+        <source>Internal error: %1</source>
+        <translation>Внутренняя ошибка: %1</translation>
+    </message>
+    <message>
+        <source>XML transformation failed</source>
+        <translation>не удалось преобразовать XML</translation>
     </message>
 </context>
 <context>
@@ -214,6 +314,38 @@
 &quot;%4&quot;</source>
         <translation>Процесс: &quot;%1 %2&quot;. Код завершения: %3.
 &quot;%4&quot;</translation>
+    </message>
+</context>
+<context>
+    <name>ServiceTask</name>
+    <message>
+        <source>Process: &quot;%1 %2&quot;. Error: %3.
+&quot;Not started&quot;</source>
+        <translation>Процесс: &quot;%1 %2&quot;. Ошибка: %3.
+&quot;Не запущен&quot;</translation>
+    </message>
+    <message>
+        <source>Process: &quot;%1 %2&quot;. Error: %3.
+&quot;Not finished&quot;</source>
+        <translation>Процесс: &quot;%1 %2&quot;. Ошибка: %3.
+&quot;Не завершён&quot;</translation>
+    </message>
+    <message>
+        <source>Process: &quot;%1 %2&quot;. Exit code: %3.
+&quot;%4&quot;</source>
+        <translation>Процесс: &quot;%1 %2&quot;. Код завершения: %3.
+&quot;%4&quot;</translation>
+    </message>
+</context>
+<context>
+    <name>StoppableDummyTask</name>
+    <message>
+        <source>Stoppable dummy task</source>
+        <translation>Прерываемая пробная задача</translation>
+    </message>
+    <message>
+        <source>Terminate by user</source>
+        <translation>Прервано пользователем</translation>
     </message>
 </context>
 <context>
