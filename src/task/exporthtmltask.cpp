@@ -24,10 +24,11 @@ void ExportHtmlTask::run()
     QFileDevice::FileError error = QFileDevice::OpenError;
     QString errorText;
     // Root writes here: O_NOFOLLOW keeps a planted link from choosing the file.
-    const int fd = path.isEmpty()
-        ? (errno = ENOENT, -1)
-        : ::open(QFile::encodeName(path).constData(),
-                 O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, 0666);
+    int fd = -1;
+    errno = ENOENT;
+    if (!path.isEmpty())
+        fd = ::open(QFile::encodeName(path).constData(),
+                    O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, 0666);
     if (fd < 0) {
         errorText = qt_error_string(errno);
     } else if (!file.open(fd, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle)) {
@@ -37,7 +38,9 @@ void ExportHtmlTask::run()
     } else {
         const QByteArray bytes = html.toUtf8();
         const bool written = file.write(bytes) == bytes.size() && file.flush();
-        error = written ? QFileDevice::NoError : file.error();
+        error = written                            ? QFileDevice::NoError
+            : file.error() != QFileDevice::NoError ? file.error()
+                                                   : QFileDevice::WriteError;
         errorText = file.errorString();
         file.close();
     }

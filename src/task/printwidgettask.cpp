@@ -41,8 +41,11 @@ void PrintWidgetTask::run()
     QXmlQuery query(QXmlQuery::XSLT20, namePool);
     query.setMessageHandler(&handler);
     QString html;
-    const bool transformed = _elementData && !templateName.isEmpty() && query.setFocus(xml)
-        && (query.setQuery(styleSheet), query.isValid()) && query.evaluateTo(&html);
+    bool transformed = false;
+    if (_elementData && !templateName.isEmpty() && query.setFocus(xml)) {
+        query.setQuery(styleSheet);
+        transformed = query.isValid() && query.evaluateTo(&html);
+    }
     if (transformed) {
         _elementData->insert(htmlKey, html);
         _taskDescription.setStatus(TaskDescription::Success);
