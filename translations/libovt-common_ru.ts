@@ -13,6 +13,32 @@
         </message>
     </context>
     <context>
+        <name>ControlServiceTask</name>
+        <message>
+            <source>Failed to execute command "%1 %2"</source>
+            <translation>Не удалось выполнить команду "%1 %2"</translation>
+        </message>
+    </context>
+    <context>
+        <name>DummyTask</name>
+        <message>
+            <source>Dummy task</source>
+            <translation>Пробная задача</translation>
+        </message>
+        <message>
+            <source>ERROR!!!
+ERROR!!!
+ERROR!!!
+ERROR!!!
+</source>
+            <translation>ОШИБКА!!!
+ОШИБКА!!!
+ОШИБКА!!!
+ОШИБКА!!!
+</translation>
+        </message>
+    </context>
+    <context>
         <name>Element</name>
         <message>
             <source>Do you really want to remove this element?</source>
@@ -82,6 +108,30 @@ Continue without saving?</source>
         <message>
             <source>Filter</source>
             <translation>Фильтр</translation>
+        </message>
+    </context>
+    <context>
+        <name>ExportHtmlTask</name>
+        <message>
+            <source>Export to HTML</source>
+            <translation>Экспорт в HTML</translation>
+        </message>
+        <message>
+            <source>"%1" error %2
+%3</source>
+            <translation>"%1": ошибка %2
+%3</translation>
+        </message>
+    </context>
+    <context>
+        <name>ExportWidgetTask</name>
+        <message>
+            <source>Export</source>
+            <translation>Экспорт</translation>
+        </message>
+        <message>
+            <source>Export success!</source>
+            <translation>Экспорт выполнен успешно!</translation>
         </message>
     </context>
     <context>
@@ -326,6 +376,56 @@ Continue without saving?</source>
         </message>
     </context>
     <context>
+        <name>PreviewDialog</name>
+        <message>
+            <source>Print preview</source>
+            <translation>Предварительный просмотр печати</translation>
+        </message>
+        <message>
+            <source>Print…</source>
+            <translation>Печать…</translation>
+        </message>
+        <message>
+            <source>Print preview…</source>
+            <translation>Предварительный просмотр…</translation>
+        </message>
+        <message>
+            <source>Page setup…</source>
+            <translation>Параметры страницы…</translation>
+        </message>
+        <message>
+            <source>Export to HTML…</source>
+            <translation>Экспорт в HTML…</translation>
+        </message>
+        <message>
+            <source>Zoom out</source>
+            <translation>Уменьшить</translation>
+        </message>
+        <message>
+            <source>Zoom in</source>
+            <translation>Увеличить</translation>
+        </message>
+        <message>
+            <source>Export to HTML</source>
+            <translation>Экспорт в HTML</translation>
+        </message>
+        <message>
+            <source>HTML files (*.html *.htm);;All files (*)</source>
+            <translation>Файлы HTML (*.html *.htm);;Все файлы (*)</translation>
+        </message>
+    </context>
+    <context>
+        <name>PrintWidgetTask</name>
+        <message>
+            <source>Internal error: %1</source>
+            <translation>Внутренняя ошибка: %1</translation>
+        </message>
+        <message>
+            <source>XML transformation failed</source>
+            <translation>не удалось преобразовать XML</translation>
+        </message>
+    </context>
+    <context>
         <name>Process</name>
         <message>
             <source>Process '%1' not finished</source>
@@ -458,6 +558,38 @@ Continue without saving?</source>
         <message>
             <source>Choose rule to copy:</source>
             <translation>Выберите правило для копирования:</translation>
+        </message>
+    </context>
+    <context>
+        <name>ServiceTask</name>
+        <message>
+            <source>Process: "%1 %2". Error: %3.
+"Not started"</source>
+            <translation>Процесс: "%1 %2". Ошибка: %3.
+"Не запущен"</translation>
+        </message>
+        <message>
+            <source>Process: "%1 %2". Error: %3.
+"Not finished"</source>
+            <translation>Процесс: "%1 %2". Ошибка: %3.
+"Не завершён"</translation>
+        </message>
+        <message>
+            <source>Process: "%1 %2". Exit code: %3.
+"%4"</source>
+            <translation>Процесс: "%1 %2". Код завершения: %3.
+"%4"</translation>
+        </message>
+    </context>
+    <context>
+        <name>StoppableDummyTask</name>
+        <message>
+            <source>Stoppable dummy task</source>
+            <translation>Прерываемая пробная задача</translation>
+        </message>
+        <message>
+            <source>Terminate by user</source>
+            <translation>Прервано пользователем</translation>
         </message>
     </context>
     <context>

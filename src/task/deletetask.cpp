@@ -1,0 +1,30 @@
+#include "task/deletetask.h"
+
+#include "element/element.h"
+#include "task/taskkinds_p.h"
+
+DeleteTask::DeleteTask(Element *element)
+    : ElementTask(element, nullptr)
+{ }
+
+void DeleteTask::afterRun()
+{
+    if (!_element)
+        return;
+    TreeNode *parent = _element->parentNode();
+    if (TaskKinds::isParanoid(_element)) {
+        if (parent)
+            parent->emitSetCurrentNode();
+        return;
+    }
+    if (_taskDescription.status() == TaskDescription::Fail)
+        return;
+    // The parent becomes current before the child goes, so that no view keeps a selection on
+    // a deleted node.
+    if (parent) {
+        parent->emitSetCurrentNode();
+        parent->removeOne(_element);
+    }
+    delete _element;
+    _element = nullptr;
+}

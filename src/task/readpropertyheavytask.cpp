@@ -1,0 +1,16 @@
+#include "task/readpropertyheavytask.h"
+
+#include "task/taskkinds_p.h"
+#include "widgets/vieweditelementwidget.h"
+
+ReadPropertyHeavyTask::ReadPropertyHeavyTask(Element *element)
+    : ElementTask(element, nullptr)
+{ }
+
+void ReadPropertyHeavyTask::afterRun()
+{
+    if (!_element || _taskDescription.status() == TaskDescription::Fail)
+        return;
+    if (ViewEditElementWidget *form = TaskKinds::viewEditWidget(_element, ViewEditRole))
+        form->afterSuccessfulRead(_element, _elementData);
+}

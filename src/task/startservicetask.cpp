@@ -1,0 +1,7 @@
+#include "task/startservicetask.h"
+
+StartServiceTask::StartServiceTask(Element *element)
+    : StartStopServiceTask(element, true)
+{
+    _command = QStringLiteral("start");
+}

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "task/startstopservicetask.h"
+
+/** Runs the service program with "start"; on success the element shows the service running. */
+class OVTCOMMON_EXPORT StartServiceTask : public StartStopServiceTask
+{
+public:
+    explicit StartServiceTask(Element *element);
+};

@@ -1,0 +1,291 @@
+#include "element/servicelightelementdata.h"
+#include "task/createtask.h"
+#include "task/deletetask.h"
+#include "task/dummytask.h"
+#include "task/exporthtmltask.h"
+#include "task/exportwidgettask.h"
+#include "task/importtask.h"
+#include "task/printwidgettask.h"
+#include "task/readcontenttask.h"
+#include "task/readpropertyheavytask.h"
+#include "task/readpropertylightservicetask.h"
+#include "task/reloadservicetask.h"
+#include "task/restartservicetask.h"
+#include "task/startservicetask.h"
+#include "task/stoppabledummytask.h"
+#include "task/stopservicetask.h"
+#include "task/taskobservermodel.h"
+#include "task/updatetask.h"
+#include "taskkindsfixture.h"
+#include "testtasks.h"
+#include "treestring.h"
+#include "widgets/previewdialog.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace OvtTest;
+using Status = TaskDescription::TaskStatus;
+
+template<class Kind>
+AbstractTask *scripted(Element *element, ElementWidget *widget, ElementData *data, Status outcome)
+{
+    if constexpr (std::is_constructible_v<Kind, ElementWidget *, ElementData *>)
+        return new Fixture<Kind>(outcome, data, widget, nullptr);
+    else if constexpr (std::is_constructible_v<Kind, Element *, ElementData *>)
+        return new Fixture<Kind>(outcome, data, element, nullptr);
+    else
+        return new Fixture<Kind>(outcome, data, element);
+}
+
+template<class Kind>
+AbstractTask *configured(Element *e, const QString &program, const QStringList &arguments,
+                         const QString &user)
+{
+    return new Fixture<Kind>(e, program, arguments, user);
+}
+
+// Task kinds built by a module, run by the observer and a pool, logged in order with outcomes.
+class tst_TaskKinds : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir _dir;
+    std::unique_ptr<Pool> _pool;
+    std::unique_ptr<ModelTesterGuard> _tester;
+
+    QString calls() const // how the fixture programs were called
+    {
+        QFile file(_dir.filePath("argv"));
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    }
+
+private slots:
+    void cleanupTestCase() { _pool.reset(); }
+    void initTestCase()
+    {
+        QCoreApplication::setOrganizationName(QStringLiteral("ovt-tests"));
+        QCoreApplication::setApplicationName(QStringLiteral("tst_taskkinds"));
+        qputenv("OVT_FIXTURE_LOG", QFile::encodeName(_dir.filePath("argv")));
+        qputenv("PATH", OVT_FIXTURES "/bin:" + qgetenv("PATH")); // the fixture runuser
+        _pool.reset(new Pool(2));
+        QVERIFY(
+            Pool::open(new Fixture<ExportHtmlTask>(TaskDescription::Success, nullptr, nullptr)));
+        TaskObserverModel *model = TaskObserver::instance()->model();
+        _tester.reset(new ModelTesterGuard(model));
+        connect(model, &QAbstractItemModel::dataChanged, this, [](const QModelIndex &index) {
+            const QString message = index.siblingAtColumn(2).data().toString();
+            fixtureLog() << index.siblingAtColumn(1).data().toString()
+                    + (message.isEmpty() ? "" : "(" + message + ")");
+        });
+        auto *closer = new QTimer(this); // logs and dismisses the box of a finished export
+        connect(closer, &QTimer::timeout, this, [] {
+            if (auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) {
+                fixtureLog() << box->windowTitle() + ": " + box->text();
+                box->accept();
+            }
+        });
+        closer->start(20);
+    }
+
+    void init()
+    {
+        fixtureLog().clear();
+        QFile::remove(_dir.filePath("argv"));
+    }
+
+    void elementTasks_data()
+    {
+        // target; operation; paranoid (on, off, - absent); outcome; log | children of box
+        table();
+        row("create paranoid",
+            "box;create;on;ok;create(b) success readContent(b) success current(b) | a b");
+        row("create paranoid failed",
+            "box;create;on;fail;create(b) fail readContent(null) success | a b");
+        row("create", "box;create;off;ok;create(b) success unchanged | a b");
+        row("create absent", "box;create;-;ok;create(b) success unchanged | a b");
+        row("readContent paranoid failed",
+            "box;readContent;on;fail;readContent(b) fail current(b) | a b");
+        row("readContent absent", "box;readContent;-;ok;readContent(b) success | a b");
+        row("read", "a;read;off;ok;read(null) success a | a b");
+        row("update absent", "a;update;-;ok;update(a) success read(null) success a | a b");
+        row("update paranoid failed", "a;update;on;fail;update(a) fail read(null) success a | a b");
+        row("update", "a;update;off;ok;update(a) success updated unchanged | a b");
+        row("delete paranoid", "a;delete;on;ok;delete(null) success current(box) | a b");
+        row("delete", "a;delete;off;ok;delete(null) success current(box) removed(null) | b");
+        row("delete absent", "a;delete;-;ok;delete(null) success current(box) removed(null) | b");
+        row("delete failed", "a;delete;off;fail;delete(null) fail | a b");
+        row("import", "a;import;off;ok;op(b) success imported:b | a b");
+        row("export", "a;export;off;ok;op(b) success Export: Export success! | a b");
+    }
+
+    void elementTasks()
+    {
+        const auto [target, operation, paranoid, outcome, expected] = fields<5>();
+        FixtureModule module(paranoid);
+        auto *box = new Item(module, QStringLiteral("box"));
+        auto *form = new Form(module);
+        module.insertElementWidget(form);
+        form->changeContent();
+        connect(box, &TreeNode::setCurrentNode, this, [](TreeNode *node) {
+            fixtureLog() << "current(" + static_cast<Element *>(node)->title() + ")";
+        });
+        const QMap<quint64, decltype(&scripted<CreateTask>)> kinds {
+            {CreateOperation, scripted<CreateTask>},
+            {ReadContentOperation, scripted<ReadContentTask>},
+            {ReadOperation, scripted<ReadPropertyHeavyTask>},
+            {UpdateOperation, scripted<UpdateTask>},
+            {DeleteOperation, scripted<DeleteTask>},
+            {0x100000, scripted<ImportTask>},
+            {0x200000, scripted<ExportWidgetTask>}};
+        module.build = [&](Element *e, quint64 type, ElementData *d, Status s) {
+            return kinds.contains(type) ? kinds[type](e, form, d, s) : nullptr;
+        };
+        box->append({new Item(module, QStringLiteral("a")), new Item(module, QStringLiteral("b"))});
+        module.outcomes = {outcome == "ok" ? TaskDescription::Success : TaskDescription::Fail};
+        fixtureLog().clear();
+
+        const QStringList names {"create", "readContent", "readLight", "read", "update", "delete"};
+        const quint64 type = operation == "import" ? 0x100000
+            : operation == "export"                ? 0x200000
+                                                   : 4 << names.indexOf(operation);
+        auto *data = type == ReadOperation || type == DeleteOperation ? nullptr : new ElementData;
+        if (data)
+            data->setName(type == UpdateOperation ? "a" : "b");
+        auto *element = static_cast<Element *>(target == "box" ? box : box->childNodes().at(0));
+        element->performOperation(OperationType(type), data, 0);
+        QTRY_COMPARE(fixtureLog().join(' ') + " | "
+                         + treeToString(box).remove("item_").mid(1).chopped(1),
+                     expected);
+    }
+
+    void serviceTasks_data()
+    {
+        // kind; paranoid; element data (light, running, or plain); arguments; log | state | calls
+        table();
+        row("status 0", "status;off;light;code=0;success | started | [status][code=0]");
+        row("status 3",
+            "status;off;light;code=3,err=x;success | stopped | [status][code=3][err=x]");
+        row("start plain", "start;off;plain;a b;success | true | [start][a b]");
+        row("start light", "start;off;light;;success | started | [start]");
+        row("stop failed",
+            "stop;off;light;code=1,err=unit busy;fail(Process: \"$P stop code=1 err=unit"
+            " busy\". Exit code: 1.\n\"unit busy\") | running | [stop][code=1][err=unit busy]");
+        row("start paranoid", "start;on;plain;;success read(null) | - | [start]");
+        row("restart failed",
+            "restart;off;light;code=2;fail(Process: \"$P restart code=2\". Exit code:"
+            " 2.\n\"\") read(null) | running | [restart][code=2]");
+        row("reload paranoid", "reload;on;light;;success read(null) | running | [reload]");
+        row("reload command last",
+            "reload-last;off;light;-q,u;success | running | [-q][u][reload]");
+        row("control", "control;off;light;a b,$(id);success | running | [a b][$(id)]");
+        row("control runuser",
+            "control-nobody;off;light;a b;success | running | runuser[-u][nobody][$P][a b]");
+    }
+
+    void serviceTasks()
+    {
+        auto [kind, paranoid, data, argumentList, expected] = fields<5>();
+        const QStringList arguments = argumentList.split(',', Qt::SkipEmptyParts);
+        const QString program
+            = kind.endsWith("missing") ? "/nonexistent/service" : OVT_FIXTURES "/service";
+        expected.replace("$P", OVT_FIXTURES "/service");
+
+        FixtureModule module(paranoid);
+        auto *light = new ServiceLightElementData;
+        light->setState(true, QStringLiteral("running"));
+        Element *element = new Item(module, "svc", data == "light" ? light : new ElementData);
+        if (data != "light")
+            delete std::exchange(light, nullptr);
+        const QMap<QString, decltype(&configured<ServiceTask>)> kinds {
+            {"status", configured<ReadPropertyLightServiceTask>},
+            {"start", configured<StartServiceTask>},
+            {"stop", configured<StopServiceTask>},
+            {"restart", configured<RestartServiceTask>},
+            {"reload", configured<ReloadServiceTask>},
+            {"control", configured<ControlServiceTask>}};
+        const QString user = kind.endsWith("nobody") ? "nobody" : kind.endsWith("last") ? "x" : "";
+        module.build = [&](Element *e, quint64 type, ElementData *, Status) { // re-reads: no task
+            return type == 0x100000 ? kinds[kind.section('-', 0, 0)](e, program, arguments, user)
+                                    : nullptr;
+        };
+        element->performOperation(OperationType(0x100000), nullptr, 0);
+        fixtureLog().removeFirst(); // the operation itself
+        QTRY_COMPARE(
+            (fixtureLog().join(' ') + " | "
+             + (light ? light->textState() : element->elementData()->value("state", "-").toString())
+             + " | " + calls())
+                .trimmed(),
+            expected);
+    }
+
+    void dummyTasks()
+    {
+        if (qEnvironmentVariableIsEmpty("OVT_DUMMY_TASKS"))
+            QSKIP("5 s bodies: run apart, as the CTest entry tst_dummytasks");
+        TaskObserver::instance()->performTask(new StoppableDummyTask(nullptr));
+        TaskObserver::instance()->performTask(new DummyTask(nullptr, true));
+        TaskObserver::instance()->performTask(new DummyTask(nullptr, false));
+        const QModelIndex stoppable = TaskObserver::instance()->model()->index(0, 1);
+        QVERIFY(TaskObserver::instance()->model()->setData(stoppable, 4, Qt::EditRole));
+        QTRY_COMPARE_WITH_TIMEOUT(fixtureLog().size(), 4, 30000); // well before 10 passes (50 s)
+        fixtureLog().sort();
+        QCOMPARE(fixtureLog().join(' '),
+                 "about to be stop fail(ERROR!!!\nERROR!!!\nERROR!!!\nERROR!!!\n) "
+                 "fail(Terminate by user) success");
+    }
+
+    void printAndExport_data()
+    {
+        table(); // style sheet; what stands at the export path (nothing: no export); log
+        row("XSLT 2.0, export", "report.xsl;file;success success");
+        row("directory at path",
+            "report.xsl;directory;success fail(\"$D\" error 5\nIs a directory)");
+        row("link at path",
+            "report.xsl;link;success fail(\"$D\" error 5\nToo many levels of symbolic links)");
+        row("broken style sheet", "broken.xsl;;fail(Internal error: XML transformation failed)");
+    }
+
+    void printAndExport()
+    {
+        auto [styleSheet, exportTo, expected] = fields<3>();
+        const QString path = _dir.filePath(QTest::currentDataTag());
+        QVERIFY(exportTo != "directory" || QDir().mkpath(path));
+        QFile victim(path + ".victim");
+        QVERIFY(exportTo != "link" || (victim.open(QIODevice::WriteOnly) && victim.link(path)));
+        expected.replace("$D", path);
+
+        QFile xml(OVT_FIXTURES "/accounts.xml");
+        QVERIFY(xml.open(QIODevice::ReadOnly));
+        auto *data = new ElementData;
+        data->insert(QStringLiteral("xmlText"), QString::fromUtf8(xml.readAll()));
+        if (!styleSheet.isEmpty())
+            data->insert(QStringLiteral("templateName"), OVT_FIXTURES "/" + styleSheet);
+        FixtureModule module("off");
+        module.build = [](Element *, quint64, ElementData *, Status) {
+            return nullptr;
+        };
+        Form form(module);
+        TaskObserver::instance()->performTask(new PrintWidgetTask(&form, data));
+        if (!exportTo.isEmpty()) {
+            QTRY_COMPARE(fixtureLog().size(), 1); // the preview shows this document now
+            PreviewDialog::instance()->exportTo(path);
+        }
+        QTRY_COMPARE(fixtureLog().join(' '), expected);
+        QCOMPARE(victim.size(), 0);
+        if (exportTo != "file")
+            return;
+        const QString html = PreviewDialog::instance()->html();
+        QVERIFY(html.contains("<td>БОРИС</td>") && html.contains("Accounts: alice, bob, Борис"));
+        QFile written(path);
+        QVERIFY(written.open(QIODevice::ReadOnly));
+        QCOMPARE(QString::fromUtf8(written.readAll()), html);
+        PreviewDialog::instance()->resize(720, 420); // its picture stays in the build tree
+        QVERIFY(PreviewDialog::instance()->grab().save(OVT_PREVIEW_PNG));
+    }
+};
+
+QTEST_MAIN(tst_TaskKinds)
+#include "tst_taskkinds.moc"
