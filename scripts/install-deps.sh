@@ -7,6 +7,7 @@ packages=(
     cmake ninja-build g++ pkg-config
     qtbase5-dev qttools5-dev qttools5-dev-tools libqt5xmlpatterns5-dev libqt5svg5-dev
     adwaita-icon-theme
+    debhelper dpkg-dev doxygen reuse
     postgresql
     util-linux
 )

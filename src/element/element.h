@@ -61,6 +61,11 @@ public:
     QString groupElementType() const;
     /** True for a fixed node of a predefined tree (expected depth set). */
     bool isPersistent() const;
+    /**
+     * The element's property record, owned by the element. Null for a plain element that
+     * never set one (login and service elements create theirs; container, ordinary and
+     * supplement elements do not): check before dereferencing.
+     */
     ElementData *elementData() const;
     /** Only stores @p elementData (now owned); the caller deletes the previous record. */
     void setElementData(ElementData *elementData);

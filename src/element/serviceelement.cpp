@@ -1,6 +1,7 @@
 #include "serviceelement.h"
 
 #include "element/servicelightelementdata.h"
+#include "ovticon_p.h"
 
 ServiceElement::ServiceElement(Module &module, bool (*isEditable)(const Module &))
     : Element(module, isEditable)
@@ -21,12 +22,12 @@ QVariant ServiceElement::data(int column, int role) const
 
 QIcon ServiceElement::startIcon()
 {
-    static const QIcon icon = QIcon::fromTheme(QStringLiteral("media-playback-start"));
+    static const QIcon icon = Ovt::themeIcon(QStringLiteral("media-playback-start"));
     return icon;
 }
 
 QIcon ServiceElement::stopIcon()
 {
-    static const QIcon icon = QIcon::fromTheme(QStringLiteral("media-playback-stop"));
+    static const QIcon icon = Ovt::themeIcon(QStringLiteral("media-playback-stop"));
     return icon;
 }

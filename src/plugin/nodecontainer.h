@@ -1,10 +1,12 @@
 #pragma once
 
 #include "ovtcommon_export.h"
+// Complete, not forward-declared: a member-function-pointer connect to a signal carrying a
+// TreeNode pointer needs the type's QObject ancestry.
+#include "treenode/treenode.h"
 
 #include <QObject>
 
-class TreeNode;
 class TreeNodeModel;
 
 /**

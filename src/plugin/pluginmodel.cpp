@@ -1,5 +1,6 @@
 #include "pluginmodel.h"
 
+#include "ovticon_p.h"
 #include "plugin/plugin.h"
 #include "plugin/plugincontainer.h"
 #include "plugin/simpleplugin.h"
@@ -128,9 +129,9 @@ QVariant PluginModel::data(const QModelIndex &index, int role) const
             return fileName;
         case Qt::DecorationRole:
             if (plugin && !plugin->modules().isEmpty())
-                return QIcon::fromTheme(QStringLiteral("task-complete"));
+                return Ovt::themeIcon(QStringLiteral("task-complete"));
             if (failed)
-                return QIcon::fromTheme(QStringLiteral("task-reject"));
+                return Ovt::themeIcon(QStringLiteral("task-reject"));
             return QVariant();
         default:
             return QVariant();

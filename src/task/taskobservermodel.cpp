@@ -1,5 +1,6 @@
 #include "task/taskobservermodel.h"
 
+#include "ovticon_p.h"
 #include "task/abstracttask.h"
 #include "task/taskobserver.h"
 #include "treenode/horizontalheader_p.h"
@@ -62,7 +63,7 @@ QVariant TaskObserverModel::data(const QModelIndex &index, int role) const
         if (role == Qt::DecorationRole && knownStatus) {
             static const char *const iconNames[] = {"task-ongoing", "task-reject", "task-complete",
                                                     "task-attention", "task-attention"};
-            return QIcon::fromTheme(QLatin1String(iconNames[status]));
+            return Ovt::themeIcon(QLatin1String(iconNames[status]));
         }
         break;
     case 1:

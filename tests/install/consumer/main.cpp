@@ -1,20 +1,59 @@
-// A tool-sized program built against an installed ovt-common: both include styles work.
-#include <ovt-common/treenode/confroottreenode.h>
-#include <treenode/conftreenode.h>
-#include <treenode/treenodemodel.h>
+// A tool built against an installed ovt-common: it loads the plug-ins of one directory, gathers
+// their elements, and reads the first folder's content through the plug-in's task on a worker.
+// Both include styles of the installed headers work.
+#include <ovt-common/plugin/plugincontainer.h>
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QDeadlineTimer>
+#include <QWidget>
 
 #include <cstdio>
+#include <element/element.h>
+#include <element/elementcontainer.h>
+#include <task/taskobserver.h>
+#include <task/thread.h>
+#include <treenode/confroottreenode.h>
 
 int main(int argc, char **argv)
 {
-    QCoreApplication app(argc, argv);
-    ConfRootTreeNode root;
-    root.loadTreeFromList({new ConfTreeNode(QStringLiteral("port"), QStringLiteral("5432")),
-                           new ConfTreeNode(QStringLiteral("host"), QStringLiteral("localhost"))});
-    TreeNodeModel model(&root);
-    const QString first = model.index(0, 0).data().toString();
-    std::printf("rows=%d first=%s\n", model.rowCount(), qPrintable(first));
-    return model.rowCount() == 2 && first == QLatin1String("host") ? 0 : 1;
+    QApplication app(argc, argv);
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: consumer PLUGIN_DIR\n");
+        return 2;
+    }
+    // Under a Russian locale this shows whether the library found its catalogue.
+    ConfRootTreeNode conf;
+    std::printf("header=%s\n", qPrintable(conf.headerData(0, Qt::Horizontal).toString()));
+
+    QList<Thread *> workers;
+    for (int i = 0; i < 2; ++i) {
+        workers << new Thread;
+        workers.last()->start();
+    }
+    int status = 1;
+    {
+        QWidget window;
+        TaskObserver::instance(&window);
+        auto *plugins = new PluginContainer(&window);
+        auto *elements = new ElementContainer(&window);
+        QObject::connect(plugins, &NodeContainer::nodeContainerReset, elements,
+                         &ElementContainer::pluginContainerReset);
+        plugins->loadPlugins(QString::fromLocal8Bit(argv[1]));
+        const QList<TreeNode *> top = elements->rootNode()->childNodes();
+        std::printf("plugins=%d modules=%d elements=%d\n", int(plugins->plugins().size()),
+                    int(plugins->modules().size()), int(top.size()));
+        auto *folder = top.isEmpty() ? nullptr : qobject_cast<Element *>(top.first());
+        if (folder) {
+            folder->performOperation(ReadContentOperation, nullptr, 0);
+            // A bound, not a measurement: a task that never comes back fails the check.
+            const QDeadlineTimer deadline(60000);
+            while (folder->childNodesCount() == 0 && !deadline.hasExpired())
+                QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+            std::printf("items=%d\n", folder->childNodesCount());
+            status = folder->childNodesCount() > 0 ? 0 : 1;
+        }
+        delete plugins; // while the window is whole
+    }
+    qDeleteAll(workers);
+    return status;
 }
