@@ -1,3 +1,4 @@
+#include "element/containerelement.h"
 #include "element/element.h"
 #include "element/elementdata.h"
 #include "plugin/acceptormodule.h"
@@ -38,6 +39,16 @@ struct TypedElement : Element
         : Element(module, nullptr)
     {
         _elementType = type;
+        _id = id;
+    }
+    QString caption() const override { return id(); }
+};
+
+struct Folder : ContainerElement
+{
+    Folder(Module &module, const QString &id)
+        : ContainerElement(module, &Module::defaultTrue)
+    {
         _id = id;
     }
     QString caption() const override { return id(); }
@@ -275,6 +286,30 @@ private Q_SLOTS:
         delete module;
 
         QVERIFY(child.isNull() && taken.isNull() && widget.isNull());
+    }
+
+    void resetEmptiesContainersListedWithTheirContents()
+    {
+        // Given the module lists containers and, after them, a container another one holds
+        Module module("m", nullptr, false);
+        auto *outer = new Folder(module, "outer");
+        auto *inner = new Folder(module, "inner");
+        auto *leaf = new TypedElement(module, "login", "leaf");
+        auto *other = new Folder(module, "other");
+        outer->append(inner);
+        inner->append(leaf);
+        other->append(new TypedElement(module, "login", "x"));
+        module.elementNodes() << outer << inner << leaf << other;
+        outer->fetchMore();
+        other->fetchMore();
+
+        // When they are reset, each is emptied once and what that freed leaves the list
+        module.resetConteinerElement();
+        QStringList ids;
+        for (TreeNode *node : module.elementNodes())
+            ids << node->id() + QString::number(node->childNodesCount())
+                    + (node->canFetchMore() ? "?" : "");
+        QCOMPARE(ids.join(' '), QString("outer0? leaf0 other0?"));
     }
 
     void acceptorLooksUpTheDonorsElements()

@@ -13,6 +13,7 @@
 #include <array>
 #include <atomic>
 #include <memory>
+#include <stdexcept>
 
 /** Counts per task id its runs, afterRun() calls and deletions (workers count too). */
 class Ledger
@@ -98,11 +99,17 @@ public:
             if (_gate->open.tryAcquire(1, 2))
                 break;
         }
+        if (throwing == 1)
+            throw std::runtime_error(_message.toStdString());
+        if (throwing == 2)
+            throw 42;
         _taskDescription.setStatus(_outcome);
         _taskDescription.setMessage(_message);
         AbstractTask::run();
     }
     void afterRun() override { _ledger->count(_id, Ledger::AfterRun); }
+
+    int throwing = 0; // 1: run() throws a std::runtime_error with the message, 2: an int
 
 private:
     Ledger *_ledger; // not owned

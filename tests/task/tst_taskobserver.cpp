@@ -82,6 +82,9 @@ private slots:
     void ignoredSubmissions();
     void taskAtAddressOfFinishedTask();
     void unknownStatus();
+    void refusedByAFullQueue();
+    void throwingRun_data();
+    void throwingRun();
     void stopRequest_data();
     void stopRequest();
     void clearTasks();
@@ -195,7 +198,7 @@ void tst_TaskObserver::cleanupTestCase()
 
 void tst_TaskObserver::init()
 {
-    _ledger.reset(new Ledger(64));
+    _ledger.reset(new Ledger(66));
     _gate.reset(new Gate);
     _nextId = _performed = 0;
     _timer->setInterval(TaskObserver::_delay);
@@ -361,8 +364,55 @@ void tst_TaskObserver::unknownStatus()
     _timer->setInterval(hour);
     perform(task(QStringLiteral("odd"), TaskDescription::TaskStatus(7), QStringLiteral("m")));
     QTRY_COMPARE(_ledger->afterRuns(), 1);
-    QCOMPARE(rowText(0), QStringLiteral("odd||||0|m"));
+    QCOMPARE(rowText(0), QStringLiteral("|||||"));
     QVERIFY(_timer->isActive());
+}
+
+void tst_TaskObserver::refusedByAFullQueue()
+{
+    // Given the worker is busy and 64 tasks wait
+    _timer->setInterval(hour);
+    perform(task({}, TaskDescription::Success, {}, true));
+    QVERIFY(_gate->started.tryAcquire(1, 10000));
+    for (int i = 0; i < 64; ++i)
+        perform(task());
+
+    // When one more is performed, it is deleted unrun and its row says why
+    _observer->performTask(task(QStringLiteral("late")));
+    QCOMPARE(_ledger->check(65, 66, "0 0 1"), QByteArray());
+    QCOMPARE(rowText(65),
+             QStringLiteral("late|task-reject|fail|1|0|"
+                            "The task was not run: the task queue is full."));
+
+    // Then the batch ends with that problem and the dialog can be closed
+    _gate->open.release();
+    QTRY_VERIFY(_dialog->isVisible() && _buttonBox->isEnabled());
+}
+
+void tst_TaskObserver::throwingRun_data()
+{
+    QTest::addColumn<int>("throwing");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("std::exception") << 1 << "disk on fire";
+    QTest::newRow("anything else") << 2 << "The task failed with an unexpected error.";
+}
+
+void tst_TaskObserver::throwingRun()
+{
+    QFETCH(int, throwing);
+    QFETCH(QString, message);
+    _timer->setInterval(hour);
+    // When run() throws, the task fails with the exception's text and finishes once
+    Task *throwingTask
+        = task(QStringLiteral("t"), TaskDescription::Success, QStringLiteral("disk on fire"));
+    throwingTask->throwing = throwing;
+    perform(throwingTask);
+    // and the worker goes on with the next task
+    perform(task(QStringLiteral("next")));
+    QTRY_COMPARE(_ledger->afterRuns(), 2);
+    QCOMPARE(_ledger->check(0, 2), QByteArray());
+    QCOMPARE(rowText(0), QStringLiteral("t|task-reject|fail|1|0|") + message);
+    QVERIFY(_dialog->isVisible());
 }
 
 void tst_TaskObserver::stopRequest_data()

@@ -4,6 +4,7 @@
 #include "task/thread.h"
 #include "testtasks.h"
 
+#include <QApplication>
 #include <QDialog>
 #include <QtTest>
 
@@ -39,6 +40,9 @@ private slots:
     void queueHoldsAtMost64_data();
     void queueHoldsAtMost64();
     void destroyingAnyThreadStopsThePool();
+    void putFromSeveralThreads_data();
+    void putFromSeveralThreads();
+    void queuedTasksFailWhenThePoolStops();
     void completionAfterTheObserverIsGone();
 
 private:
@@ -89,8 +93,15 @@ void tst_Thread::refusedBeforeTheFirstWorkerStarts()
         QVERIFY(!Thread::put(task));
     }
     QVERIFY(!Thread::put(task));
-    delete task;
+    // The observer deletes a task the queue refuses; its row fails and the dialog can close
+    _observer->performTask(task);
     QCOMPARE(ledger.check(0, 1, "0 0 1"), QByteArray());
+    QCOMPARE(_observer->model()->index(0, 2).data().toString(),
+             QStringLiteral("The task was not run: no worker threads have been started."));
+    QCOMPARE(_observer->model()->index(0, 1).data(Qt::EditRole), QVariant(TaskDescription::Fail));
+    auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+    QVERIFY(dialog && dialog->close());
+    QCOMPARE(_observer->model()->rowCount(), 0);
 
     Pool pool(1);
     QVERIFY(Pool::open(new Task(&ledger, 1)));
@@ -254,6 +265,77 @@ void tst_Thread::destroyingAnyThreadStopsThePool()
     delete next.threads.takeAt(1);
     for (Thread *thread : qAsConst(next.threads))
         QTRY_VERIFY(thread->isFinished());
+}
+
+void tst_Thread::putFromSeveralThreads_data()
+{
+    QTest::addColumn<int>("producers");
+    QTest::newRow("4 producers") << 4;
+    QTest::newRow("8 producers") << 8;
+}
+
+void tst_Thread::putFromSeveralThreads()
+{
+    QFETCH(int, producers);
+    const int each = 10000, tasks = producers * each;
+    Ledger ledger(tasks + 1);
+    Pool pool(2);
+    QVERIFY(Pool::open(new Task(&ledger, tasks)));
+
+    // Given several threads put tasks at once, each retrying what the full queue refuses
+    std::vector<std::unique_ptr<QThread>> threads;
+    for (int p = 0; p < producers; ++p) {
+        threads.emplace_back(QThread::create([&ledger, p, each] {
+            for (int id = p * each; id < (p + 1) * each; ++id) {
+                auto *task = new Task(&ledger, id);
+                while (!Thread::put(task))
+                    QThread::yieldCurrentThread();
+            }
+        }));
+        threads.back()->start();
+    }
+    for (auto &thread : threads)
+        QTRY_VERIFY_WITH_TIMEOUT(thread->isFinished(), 120000);
+
+    // Then every accepted task runs once, gets afterRun() and is deleted: none is lost
+    QVERIFY2(QTest::qWaitFor([&] { return ledger.afterRuns() == tasks + 1; }, 60000),
+             ledger.check(0, tasks).constData());
+    QCOMPARE(ledger.check(0, tasks + 1), QByteArray());
+}
+
+void tst_Thread::queuedTasksFailWhenThePoolStops()
+{
+    // Given the worker runs a performed task and three more wait in the queue
+    Ledger ledger(5);
+    Gate gate;
+    ModelTesterGuard guard(_observer->model());
+    Pool pool(1);
+    QVERIFY(Pool::open(new Task(&ledger, 0)));
+    QTRY_COMPARE(ledger.afterRuns(), 1);
+    for (int id = 1; id < 5; ++id)
+        _observer->performTask(
+            new Task(&ledger, id, {}, TaskDescription::Success, {}, id == 1 ? &gate : nullptr, 1));
+    QVERIFY(gate.started.tryAcquire(1, 10000));
+
+    // When the pool stops, the waiting tasks are deleted without running
+    delete new Thread;
+    gate.open.release();
+    QTRY_COMPARE(ledger.deletions(), 5);
+    QCOMPARE(ledger.check(2, 5, "0 0 1"), QByteArray());
+
+    // Then their rows fail, let go of the tasks and end the batch: the dialog can close
+    const TaskObserverModel *model = _observer->model();
+    for (int row = 1; row < 4; ++row) {
+        QTRY_COMPARE(model->index(row, 1).data(Qt::EditRole), QVariant(TaskDescription::Fail));
+        QCOMPARE(model->index(row, 2).data().toString(),
+                 QStringLiteral("The task was not run: the worker pool stopped."));
+        QCOMPARE(model->index(row, 1).data(Qt::UserRole), QVariant(quint64(0)));
+        QVERIFY(!_observer->model()->setData(model->index(row, 1), 4));
+    }
+    QCOMPARE(model->index(0, 1).data(Qt::EditRole), QVariant(TaskDescription::Success));
+    auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+    QVERIFY(dialog && dialog->close());
+    QCOMPARE(model->rowCount(), 0);
 }
 
 void tst_Thread::completionAfterTheObserverIsGone()
