@@ -33,11 +33,12 @@ public:
     }
     int afterRuns() const { return _totals[AfterRun]; }
     int deletions() const { return _totals[Deletion]; }
-    int misplaced() const { return _misplaced; }
 
     /** Empty when each of ids [first, last) ran, got afterRun() and was deleted as expected. */
     QByteArray check(int first, int last, const QByteArray &expected = "1 1 1") const
     {
+        if (_misplaced)
+            return "run() or afterRun() on the wrong thread";
         for (int id = first; id < last; ++id) {
             const auto &c = _counts[id];
             const QByteArray got = QByteArray::number(c[Run]) + ' '
@@ -61,7 +62,8 @@ struct Gate
 };
 
 /**
- * Reports to a ledger and ends with a given outcome. With a gate it waits there in run(); a
+ * Reports to a ledger and ends with a given outcome, or throws (throwing 1: a
+ * std::runtime_error with the message, 2: an int). With a gate it waits there in run(); a
  * stoppable one (flag bit 0) asked to stop meanwhile fails with "Terminate by user".
  */
 class Task : public AbstractTask
@@ -109,7 +111,7 @@ public:
     }
     void afterRun() override { _ledger->count(_id, Ledger::AfterRun); }
 
-    int throwing = 0; // 1: run() throws a std::runtime_error with the message, 2: an int
+    int throwing = 0;
 
 private:
     Ledger *_ledger; // not owned
@@ -120,9 +122,8 @@ private:
 };
 
 /** The Thread objects of one pool; destroying them all resets the static queue. */
-class Pool
+struct Pool
 {
-public:
     explicit Pool(int workers)
     {
         for (int i = 0; i < workers; ++i) {
@@ -130,12 +131,7 @@ public:
             threads.last()->start();
         }
     }
-    ~Pool() { stop(); }
-    void stop()
-    {
-        qDeleteAll(threads);
-        threads.clear();
-    }
+    ~Pool() { qDeleteAll(threads); }
     /** Puts @p probe once the first worker has opened the queue. */
     static bool open(AbstractTask *probe)
     {
@@ -151,8 +147,8 @@ public:
  * clearTasks() announces the removal of the whole list as (n, n), the list length twice, and
  * the model hands that on to beginRemoveRows(n, n): one past the last row. The pair is part of
  * the observer's interface and is kept, but the tester rightly rejects it, so it sits out that
- * removal and a fresh one checks the emptied model. Construct the guard before the tester
- * would otherwise be connected, so that its slots run first.
+ * removal and a fresh one checks the emptied model. Construct the guard before anything else
+ * connects to the model, so that its slots run first.
  */
 class ModelTesterGuard : public QObject
 {
