@@ -112,10 +112,9 @@ bool TaskObserverModel::setData(const QModelIndex &index, const QVariant &value,
 
     TaskObserver::TaskEntry &entry = _observer->_tasks[index.row()];
     AbstractTask *task = _observer->taskOfRow(index.row());
+    // setTaskAboutToBeStopped() itself refuses a task that cannot be stopped.
     if (entry.description.status() != TaskDescription::Processing || !task
-        || !(task->taskSpecialFlags() & 1) || task->taskAboutToBeStopped())
-        return false;
-    if (!task->setTaskAboutToBeStopped())
+        || task->taskAboutToBeStopped() || !task->setTaskAboutToBeStopped())
         return false;
 
     entry.description.setStatus(TaskDescription::AboutToBeStopped);

@@ -88,8 +88,6 @@ public:
     void run() override
     {
         _ledger->count(_id, Ledger::Run);
-        if (_id % 7 == 0)
-            QThread::yieldCurrentThread(); // let other workers overtake
         if (_gate)
             _gate->started.release();
         while (_gate) {
@@ -142,13 +140,9 @@ struct Pool
 };
 
 /**
- * Keeps a Fatal QAbstractItemModelTester on a model except while rows are removed.
- *
- * clearTasks() announces the removal of the whole list as (n, n), the list length twice, and
- * the model hands that on to beginRemoveRows(n, n): one past the last row. The pair is part of
- * the observer's interface and is kept, but the tester rightly rejects it, so it sits out that
- * removal and a fresh one checks the emptied model. Construct the guard before anything else
- * connects to the model, so that its slots run first.
+ * Keeps a Fatal QAbstractItemModelTester on a model except while rows are removed: the
+ * observer announces clearing n rows as (n, n), one past the last row. The pair is part of its
+ * interface, but the tester rightly rejects it; a fresh tester checks the emptied model.
  */
 class ModelTesterGuard : public QObject
 {

@@ -71,15 +71,12 @@ private slots:
     void batchOutcome_data();
     void batchOutcome();
     void ignoredAndRecycledSubmissions();
-    void oneTaskRow_data();
-    void oneTaskRow();
+    void unknownStatus();
     void refusedByAFullQueue();
-    void stopRequest_data();
-    void stopRequest();
     void clearTasks();
     void selectedRow_data();
     void selectedRow();
-    void closingWhileAndAfterTasksRun();
+    void geometryIsKept();
 
 private:
     Task *task(const QString &title = QString(), TaskDescription::TaskStatus outcome = ok,
@@ -134,14 +131,13 @@ void tst_TaskObserver::initTestCase()
             _blockDialog = block;
     }
     _timer = _observer->findChild<QTimer *>(QStringLiteral("_timer"));
-    QVERIFY(_dialog && _blockDialog && _timer);
     _view = _dialog->findChild<QTreeView *>(QStringLiteral("_taskTreeView"));
     _more = _dialog->findChild<QPushButton *>(QStringLiteral("_morePushButton"));
     _stop = _dialog->findChild<QPushButton *>(QStringLiteral("_stopPushButton"));
     _buttonBox = _dialog->findChild<QDialogButtonBox *>(QStringLiteral("_buttonBox"));
     _stack = _dialog->findChild<QStackedWidget *>(QStringLiteral("_stackedWidget"));
     _text = _dialog->findChild<QPlainTextEdit *>(QStringLiteral("_errorPlainTextEdit"));
-    QVERIFY(_view && _more && _stop && _buttonBox && _stack && _text);
+    QVERIFY(_timer && _blockDialog && _view && _more && _stop && _buttonBox && _stack && _text);
 
     const auto record = [this](const QString &name) {
         return [this, name](int first, int last) {
@@ -204,7 +200,8 @@ QString tst_TaskObserver::rowText(int row) const
 void tst_TaskObserver::batchOutcome_data()
 {
     QTest::addColumn<int>("interval");
-    // A letter per task: Success, Fail, Warning; lower case: it outlasts the grace period.
+    // A letter per task: Success, Fail, Warning, run() Throws a std::exception or anything
+    // eXcept that (it fails); lower case: it outlasts the grace period.
     QTest::addColumn<QString>("outcomes");
     QTest::newRow("quick batch: no dialog") << 1000 << "SSS";
     QTest::newRow("slow batch: dialog after grace") << 1000 << "Ss";
@@ -213,6 +210,8 @@ void tst_TaskObserver::batchOutcome_data()
     QTest::newRow("first fails while hidden") << hour << "FSS";
     QTest::newRow("no grace: success closes") << 0 << "SS";
     QTest::newRow("no grace: failure stays") << 0 << "SF";
+    QTest::newRow("throws, worker goes on") << hour << "TS";
+    QTest::newRow("throws anything") << hour << "XS";
 }
 
 void tst_TaskObserver::batchOutcome()
@@ -220,15 +219,23 @@ void tst_TaskObserver::batchOutcome()
     QFETCH(int, interval);
     QFETCH(QString, outcomes);
     const int n = outcomes.size();
-    const bool problem = outcomes.contains('F') || outcomes.contains('W');
+    const bool problem = outcomes.toUpper().contains(QRegularExpression("[FWTX]"));
     const bool slow = outcomes != outcomes.toUpper();
     _timer->setInterval(interval);
     QSignalSpy closed(_dialog, &QDialog::rejected);
 
+    const auto letter = [&outcomes](int i) {
+        return outcomes[i].toUpper();
+    };
+    // The row's final status, 0 to 2 for Fail, Success, Warning
+    const auto status = [&](int i) {
+        return qMin(QStringLiteral("FSWTX").indexOf(letter(i)), 3) % 3;
+    };
     for (int i = 0; i < n; ++i) {
-        const int status = 1 + QStringLiteral("FSW").indexOf(outcomes[i].toUpper());
-        perform(task(QString::number(i), TaskDescription::TaskStatus(status),
-                     QStringLiteral("message %1").arg(i), outcomes[i].isLower()));
+        Task *t = task(QString::number(i), TaskDescription::TaskStatus(status(i) + 1),
+                       QStringLiteral("message %1").arg(i), outcomes[i].isLower());
+        t->throwing = QStringLiteral("TX").indexOf(letter(i)) + 1;
+        perform(t);
     }
     // Without a grace period the dialog opens at once, else the invisible block dialog holds input
     QCOMPARE(QApplication::activeModalWidget(),
@@ -263,22 +270,14 @@ void tst_TaskObserver::batchOutcome()
     const char *const icons[] = {"task-reject", "task-complete", "task-attention"};
     const char *const texts[] = {"fail", "success", "warning"};
     for (int i = 0; i < n; ++i) {
-        const int s = QStringLiteral("FSW").indexOf(outcomes[i]);
-        QCOMPARE(
-            rowText(i),
-            QStringLiteral("%1|%2|%3|%4|0|message %1").arg(i).arg(icons[s], texts[s]).arg(s + 1));
+        const int s = status(i);
+        const QString message = letter(i) == 'X'
+            ? QStringLiteral("The task failed with an unexpected error.")
+            : QStringLiteral("message %1").arg(i);
+        QCOMPARE(rowText(i),
+                 QStringLiteral("%1|%2|%3|%4|0|").arg(i).arg(icons[s], texts[s]).arg(s + 1)
+                     + message);
     }
-
-    // A new batch goes below and blocks closing; though it succeeds, the old problem keeps
-    // the dialog open until the user closes it, which clears the list
-    _signals.clear();
-    perform(task(QStringLiteral("next"), ok, {}, true));
-    QVERIFY(!_buttonBox->isEnabled() && !_blockDialog->isVisible());
-    _gate->open.release();
-    QTRY_VERIFY(_buttonBox->isEnabled());
-    QVERIFY(_dialog->isVisible());
-    _dialog->reject();
-    QCOMPARE(_signals, QStringLiteral("<i%1,%1 i%1,%1 d%1 <r%2,%2 r%2,%2 ").arg(n).arg(n + 1));
 }
 
 void tst_TaskObserver::ignoredAndRecycledSubmissions()
@@ -305,33 +304,14 @@ void tst_TaskObserver::ignoredAndRecycledSubmissions()
     QCOMPARE(_ledger->check(1, 4), QByteArray());
 }
 
-void tst_TaskObserver::oneTaskRow_data()
+void tst_TaskObserver::unknownStatus()
 {
-    QTest::addColumn<int>("status");
-    QTest::addColumn<int>("throwing");
-    QTest::addColumn<QString>("row");
     // Neither running nor done: the row shows nothing and the batch goes on.
-    QTest::newRow("unknown status") << 7 << 0 << "|||||";
-    // A run() that throws fails with the exception's text, and the worker goes on.
-    QTest::newRow("throws std::exception") << 2 << 1 << "t|task-reject|fail|1|0|disk on fire";
-    QTest::newRow("throws anything else")
-        << 2 << 2 << "t|task-reject|fail|1|0|The task failed with an unexpected error.";
-}
-
-void tst_TaskObserver::oneTaskRow()
-{
-    QFETCH(int, status);
-    QFETCH(int, throwing);
-    QFETCH(QString, row);
     _timer->setInterval(hour);
-    Task *first = task("t", TaskDescription::TaskStatus(status), "disk on fire");
-    first->throwing = throwing;
-    perform(first);
-    perform(task());
-    QTRY_COMPARE(_ledger->afterRuns(), 2);
-    QCOMPARE(_ledger->check(0, 2), QByteArray());
-    QCOMPARE(rowText(0), row);
-    QCOMPARE(_timer->isActive(), !throwing);
+    perform(task("odd", TaskDescription::TaskStatus(7), "m"));
+    QTRY_COMPARE(_ledger->afterRuns(), 1);
+    QCOMPARE(rowText(0), QStringLiteral("|||||"));
+    QVERIFY(_timer->isActive());
 }
 
 void tst_TaskObserver::refusedByAFullQueue()
@@ -353,56 +333,6 @@ void tst_TaskObserver::refusedByAFullQueue()
     // Then the batch ends with that problem and the dialog can be closed
     _gate->open.release();
     QTRY_VERIFY(_dialog->isVisible() && _buttonBox->isEnabled());
-}
-
-void tst_TaskObserver::stopRequest_data()
-{
-    QTest::addColumn<int>("row");
-    QTest::addColumn<int>("column");
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<int>("role");
-    // Rows: 0 finished, 1 running and not stoppable, 2 waiting and stoppable.
-    QTest::newRow("finished row") << 0 << 1 << QVariant(4) << int(Qt::EditRole);
-    QTest::newRow("not stoppable") << 1 << 1 << QVariant(4) << int(Qt::EditRole);
-    QTest::newRow("column 0") << 2 << 0 << QVariant(4) << int(Qt::EditRole);
-    QTest::newRow("value 3") << 2 << 1 << QVariant(3) << int(Qt::EditRole);
-    QTest::newRow("not a number") << 2 << 1 << QVariant("four") << int(Qt::EditRole);
-    QTest::newRow("display role") << 2 << 1 << QVariant(4) << int(Qt::DisplayRole);
-    QTest::newRow("invalid index") << -1 << 0 << QVariant(4) << int(Qt::EditRole);
-}
-
-void tst_TaskObserver::stopRequest()
-{
-    QFETCH(int, row);
-    QFETCH(int, column);
-    QFETCH(QVariant, value);
-    QFETCH(int, role);
-    _timer->setInterval(hour);
-    perform(task("done"));
-    perform(task("busy", ok, {}, true));
-    Task *stoppable = perform(task("stoppable", ok, {}, true, 1));
-    QVERIFY(_gate->started.tryAcquire(1, 10000));
-    QTRY_COMPARE(_ledger->afterRuns(), 1);
-    QSignalSpy changes(_model, &QAbstractItemModel::dataChanged);
-
-    // Anything but status 4 on column 1 of a running, stoppable row is refused
-    QVERIFY(!_model->setData(row < 0 ? QModelIndex() : index(row, column), value, role));
-    QVERIFY(changes.isEmpty() && !stoppable->taskAboutToBeStopped());
-    QCOMPARE(rowText(2), QStringLiteral("stoppable|task-ongoing|processing|0|1|"));
-
-    // That request is taken once; the row and the task both know
-    QVERIFY(_model->setData(index(2, 1), QStringLiteral("4")));
-    QVERIFY(!_model->setData(index(2, 1), 4));
-    QVERIFY(stoppable->taskAboutToBeStopped());
-    QCOMPARE(rowText(2), QStringLiteral("stoppable|task-attention|about to be stop|4|1|"));
-    QCOMPARE(changes.count(), 1);
-    QCOMPARE(changes.at(0).at(0).toModelIndex(), index(2, 0));
-    QCOMPARE(changes.at(0).at(1).toModelIndex(), index(2, 1));
-
-    // The task reacts by failing with its own message, which opens the dialog
-    _gate->open.release();
-    QTRY_VERIFY(_dialog->isVisible());
-    QCOMPARE(rowText(2), QStringLiteral("stoppable|task-reject|fail|1|0|Terminate by user"));
 }
 
 void tst_TaskObserver::clearTasks()
@@ -437,7 +367,7 @@ void tst_TaskObserver::makeMixedBatch()
     perform(task("Delete", TaskDescription::Fail, "permission denied"));
     perform(task("Update", TaskDescription::Warning, "partly done"));
     perform(task("Import", ok, {}, true, 1));
-    perform(task("Wait", ok, {}, true));
+    perform(task("Wait", ok, {}, true, 0x6)); // flags, but not stoppable
     perform(task("Print", ok, {}, true, 1));
     QVERIFY(_gate->started.tryAcquire(1, 10000));
     QTRY_COMPARE(_ledger->afterRuns(), 3);
@@ -474,6 +404,17 @@ void tst_TaskObserver::selectedRow()
         return QString(_more->isEnabled() ? "M" : "") + (_stop->isEnabled() ? "S" : "");
     };
     QCOMPARE(enabled(), QString());
+    // A stop request is status 4 in the edit role on column 1 of a row whose task runs, can be
+    // stopped and was not asked before (the Stop button below); anything else changes nothing
+    QSignalSpy changes(_model, &QAbstractItemModel::dataChanged);
+    QVERIFY(!_model->setData(QModelIndex(), 4));
+    for (const QVariant &value : {QVariant(3), QVariant("four")})
+        QVERIFY(!_model->setData(index(Running, 1), value));
+    QVERIFY(!_model->setData(index(Running, 1), 4, Qt::DisplayRole));
+    QVERIFY(!_model->setData(index(Running, 0), 4));
+    QVERIFY(row == Running || !_model->setData(index(row, 1), 4));
+    QVERIFY(changes.isEmpty());
+    QCOMPARE(rowText(Running), QStringLiteral("Import|task-ongoing|processing|0|1|"));
     // Shown, the columns fit their contents, the status column included.
     QVERIFY(_view->columnWidth(1) >= static_cast<QAbstractItemView *>(_view)->sizeHintForColumn(1));
 
@@ -487,54 +428,42 @@ void tst_TaskObserver::selectedRow()
     QCOMPARE(_dialog->windowTitle(), title.isEmpty() ? QStringLiteral("Tasks") : title);
     QCOMPARE(_text->toPlainText(), message);
     if (_more->isChecked()) {
-        // Unchecking More goes back to the list
+        // Unchecking More goes back to the list, checking it again to the message
         QTest::mouseClick(_more, Qt::LeftButton);
         QVERIFY(_stack->currentIndex() == 0 && _text->toPlainText().isEmpty());
         QCOMPARE(_dialog->windowTitle(), QStringLiteral("Tasks"));
+        QTest::mouseClick(_more, Qt::LeftButton);
     }
     if (buttons == "S") {
         // Stop asks the task, and the buttons follow the row until the task has failed
         QTest::mouseClick(_stop, Qt::LeftButton);
-        QCOMPARE(index(row, 1).data().toString(), QStringLiteral("about to be stop"));
+        QCOMPARE(rowText(row), QStringLiteral("Import|task-attention|about to be stop|4|1|"));
         QCOMPARE(enabled(), QString());
-        QTRY_COMPARE(index(row, 2).data().toString(), QStringLiteral("Terminate by user"));
+        QTRY_COMPARE(rowText(row), QStringLiteral("Import|task-reject|fail|1|0|Terminate by user"));
         QCOMPARE(enabled(), QString("M"));
     }
-}
 
-void tst_TaskObserver::closingWhileAndAfterTasksRun()
-{
-    // Given a task is running and the dialog is shown
-    _timer->setInterval(0);
-    perform(task("Slow", TaskDescription::Fail, "broken", true));
-    QVERIFY(QTest::qWaitForWindowExposed(_dialog));
-
-    // When the user presses Escape, asks the window to close or clicks Close, it stays
+    // While tasks run, Escape, a close request and Close do nothing
     QTest::keyClick(_dialog, Qt::Key_Escape);
     QVERIFY(!_dialog->close());
     QTest::mouseClick(_buttonBox->button(QDialogButtonBox::Close), Qt::LeftButton);
     QVERIFY(_dialog->isVisible());
-
-    // Once the batch has failed, Escape closes it, message page and all, and clears the list
-    _gate->open.release();
+    // Once they are done, Escape closes it, message page and all, and clears the list
+    _gate->open.release(3);
     QTRY_VERIFY(_buttonBox->isEnabled());
-    _view->setCurrentIndex(index(0));
-    QTest::mouseClick(_more, Qt::LeftButton);
-    QCOMPARE(_stack->currentIndex(), 1);
     QTest::keyClick(_dialog, Qt::Key_Escape);
-    QVERIFY(!_dialog->isVisible());
+    QVERIFY(!_dialog->isVisible() && _stack->currentIndex() == 0);
     QCOMPARE(_model->rowCount(), 0);
-    QCOMPARE(_stack->currentIndex(), 0);
-    QVERIFY(!_more->isChecked() && !_more->isEnabled() && !_stop->isEnabled());
-
+    QCOMPARE(_dialog->windowTitle(), QStringLiteral("Tasks"));
+    QVERIFY(!_more->isChecked() && enabled().isEmpty());
     // Reopened for the next failed batch it has nothing selected
     perform(task({}, TaskDescription::Fail));
     QTRY_VERIFY(_buttonBox->isEnabled());
-    QVERIFY(!_view->selectionModel()->hasSelection());
-    QVERIFY(!_more->isEnabled() && !_stop->isEnabled());
-    QVERIFY(_dialog->close());
+    QVERIFY(!_view->selectionModel()->hasSelection() && enabled().isEmpty());
+}
 
-    // A dialog's geometry is kept in the settings, and the next dialog takes it from there
+void tst_TaskObserver::geometryIsKept()
+{
     {
         TaskObserverDialog dialog(_observer, nullptr);
         dialog.show();

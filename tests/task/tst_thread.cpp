@@ -39,8 +39,6 @@ private slots:
     void initTestCase();
     void cleanupTestCase() { delete _observer; }
     void refusedBeforeTheFirstWorkerStarts();
-    void taskStopRequest_data();
-    void taskStopRequest();
     void noTaskIsLost_data();
     void noTaskIsLost();
     void destroyingAnyThreadStopsThePool();
@@ -60,7 +58,8 @@ void tst_Thread::initTestCase()
 void tst_Thread::refusedBeforeTheFirstWorkerStarts()
 {
     Ledger ledger(2);
-    auto *task = new Task(&ledger, 0);
+    auto *task
+        = new Task(&ledger, 0, {}, TaskDescription::Success, {}, nullptr, 0, new CountedData);
     QVERIFY(!Thread::put(task));
     {
         // Nor does a Thread that was never started open the queue, or spoil it when destroyed.
@@ -70,6 +69,7 @@ void tst_Thread::refusedBeforeTheFirstWorkerStarts()
     // The observer deletes a task the queue refuses; its row fails and the dialog can close
     _observer->performTask(task);
     QCOMPARE(ledger.check(0, 1, "0 0 1"), QByteArray());
+    QCOMPARE(dataDeletions, 1); // with the element data it owned
     QCOMPARE(_observer->model()->index(0, 2).data().toString(),
              QStringLiteral("The task was not run: no worker threads have been started."));
     QCOMPARE(_observer->model()->index(0, 1).data(Qt::EditRole), QVariant(TaskDescription::Fail));
@@ -81,32 +81,6 @@ void tst_Thread::refusedBeforeTheFirstWorkerStarts()
     QVERIFY(!Thread::put(nullptr));
     QTRY_COMPARE(ledger.deletions(), 2);
     QCOMPARE(ledger.check(1, 2), QByteArray());
-}
-
-void tst_Thread::taskStopRequest_data()
-{
-    QTest::addColumn<quint64>("flags");
-    QTest::addColumn<bool>("stoppable");
-    QTest::newRow("no flags") << quint64(0) << false;
-    QTest::newRow("other bits only") << quint64(0xFEull << 32 | 0x6) << false;
-    QTest::newRow("bit 0 among others") << quint64(0x8000000000000003ull) << true;
-}
-
-void tst_Thread::taskStopRequest()
-{
-    QFETCH(quint64, flags);
-    QFETCH(bool, stoppable);
-    Ledger ledger(1);
-    const int deletions = dataDeletions;
-    {
-        Task task(&ledger, 0, {}, TaskDescription::Success, {}, nullptr, flags, new CountedData);
-        // Asked twice: the same answer both times, and the flag is never cleared.
-        for (int i = 0; i < 2; ++i) {
-            QCOMPARE(task.setTaskAboutToBeStopped(), stoppable);
-            QCOMPARE(task.taskAboutToBeStopped(), stoppable);
-        }
-    }
-    QCOMPARE(dataDeletions, deletions + 1); // the task owned its element data
 }
 
 void tst_Thread::noTaskIsLost_data()
@@ -136,6 +110,7 @@ void tst_Thread::noTaskIsLost()
     ModelTesterGuard guard(_observer->model());
     Pool pool(workers);
     QVERIFY(Pool::open(new Task(&ledger, tasks)));
+    QTRY_COMPARE(ledger.afterRuns(), 1); // the queue is empty
 
     if (!producers) {
         for (int first = 0; first < tasks; first += 64) {
