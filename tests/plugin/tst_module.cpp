@@ -53,7 +53,10 @@ struct TypedWidget : ViewEditElementWidget
         _elementType = type;
     }
 
+    // Plug-ins override the first slot of each pair; the second must reach the override too.
+    void afterSuccessfulUpdate() override { ++updates; }
     bool isContentValid() const override { return valid; }
+    int updates = 0;
     bool valid = true;
 };
 
@@ -196,6 +199,11 @@ private Q_SLOTS:
         form->changeContent();
         emit list->customContextMenuRequested(QPoint(7, 0));
         QCOMPARE(log, QStringList({"content(3)", "content(2)", "menu(7)"}));
+        ViewEditElementWidget *base = form;
+        base->afterSuccessfulUpdate();
+        qAsConst(*base).afterSuccessfulUpdate();
+        QCOMPARE(form->updates, 2);
+        QVERIFY(!base->isContentValid() && !qAsConst(*base).isContentValid());
 
         // A widget that its view deleted first is forgotten, not deleted again.
         delete list;
