@@ -624,6 +624,21 @@ Continue without saving?</source>
         </message>
     </context>
     <context>
+        <name>TaskObserver</name>
+        <message>
+            <source>The task was not run: the worker pool stopped.</source>
+            <translation>Задача не выполнена: пул рабочих потоков остановлен.</translation>
+        </message>
+        <message>
+            <source>The task was not run: the task queue is full.</source>
+            <translation>Задача не выполнена: очередь задач заполнена.</translation>
+        </message>
+        <message>
+            <source>The task was not run: no worker threads have been started.</source>
+            <translation>Задача не выполнена: рабочие потоки не запущены.</translation>
+        </message>
+    </context>
+    <context>
         <name>TaskObserverDialog</name>
         <message>
             <source>Tasks</source>
@@ -687,6 +702,13 @@ Continue without saving?</source>
         <message>
             <source>Message</source>
             <translation>Сообщение</translation>
+        </message>
+    </context>
+    <context>
+        <name>Thread</name>
+        <message>
+            <source>The task failed with an unexpected error.</source>
+            <translation>Задача завершилась непредвиденной ошибкой.</translation>
         </message>
     </context>
     <context>

@@ -9,8 +9,11 @@
 #include "widgets/vieweditelementwidget.h"
 
 #include <QPointer>
+#include <QSet>
 #include <QSettings>
+#include <QVector>
 
+#include <algorithm>
 #include <unistd.h>
 #include <utility>
 
@@ -225,13 +228,29 @@ void Module::connectElementWidgets()
 
 void Module::resetConteinerElement()
 {
-    for (TreeNode *node : qAsConst(_elementNodes)) {
-        auto *container = qobject_cast<ContainerElement *>(node);
+    // Emptying one container frees what it held, and the list may hold some of that too (a
+    // container inside another): walk a guarded copy and let the list forget what was freed.
+    QVector<QPair<TreeNode *, QPointer<TreeNode>>> guarded;
+    guarded.reserve(_elementNodes.size());
+    for (TreeNode *node : qAsConst(_elementNodes))
+        guarded.append(qMakePair(node, QPointer<TreeNode>(node)));
+    for (const auto &entry : qAsConst(guarded)) {
+        auto *container = qobject_cast<ContainerElement *>(entry.second.data());
         if (!container)
             continue;
         container->clearDelete();
         container->resetRequireLoad();
     }
+    QSet<const TreeNode *> freed;
+    for (const auto &entry : qAsConst(guarded)) {
+        if (entry.first && !entry.second)
+            freed.insert(entry.first);
+    }
+    if (!freed.isEmpty())
+        _elementNodes.erase(
+            std::remove_if(_elementNodes.begin(), _elementNodes.end(),
+                           [&freed](TreeNode *node) { return freed.contains(node); }),
+            _elementNodes.end());
 }
 
 bool Module::defaultTrue(const Module &)

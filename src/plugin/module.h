@@ -76,7 +76,10 @@ public:
     void insertElementWidget(ElementWidget *widget);
     /** Relays the registered widgets' contentChanged and context-menu requests. */
     void connectElementWidgets();
-    /** Empties every container element node so that it is read again when next needed. */
+    /**
+     * Empties every container element node so that it is read again when next needed. Nodes
+     * that this frees (a container held by another one) are dropped from elementNodes().
+     */
     void resetConteinerElement();
 
     /** @name Permission predicates, handed where a test for a module is wanted */

@@ -2,6 +2,7 @@
 
 #include "element/elementdata.h"
 #include "task/taskobserver.h"
+#include "task/taskpool_p.h"
 #include "task/tsan_p.h"
 
 AbstractTask::AbstractTask(ElementData *data)
@@ -15,8 +16,15 @@ AbstractTask::~AbstractTask()
     delete _elementData;
 }
 
+const AbstractTask *&TaskPool::lastHandedOver()
+{
+    static thread_local const AbstractTask *task = nullptr;
+    return task;
+}
+
 void AbstractTask::run()
 {
+    TaskPool::lastHandedOver() = this;
     // With the observer gone (the application is shutting down) nobody is left to finish the
     // task: it goes like a task still queued when the pool stops, without afterRun().
     if (!TaskObserver::postTaskPerformed(this))

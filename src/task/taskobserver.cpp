@@ -12,6 +12,7 @@
 #include <QMutex>
 #include <QThread>
 #include <QTimer>
+#include <QVector>
 #include <QWidget>
 
 TaskObserver *TaskObserver::_instance = nullptr;
@@ -21,6 +22,10 @@ namespace {
 // Workers post completions to _instance while the user-interface thread may create or destroy
 // the observer: the pointer changes, and is used for posting, only under this lock.
 QMutex instanceMutex;
+
+// Addresses of tasks the pool deleted unrun that the observer has not settled yet; under
+// instanceMutex. Never dereferenced: the tasks are gone.
+QVector<const AbstractTask *> unrunTasks;
 
 } // namespace
 
@@ -70,6 +75,7 @@ TaskObserver::~TaskObserver()
         Tsan::MutexLocker locker(&instanceMutex);
         if (_instance == this)
             _instance = nullptr;
+        unrunTasks.clear();
     }
     // The dialog's view uses the model, a child of ours: the dialog goes first.
     delete _dialog;
@@ -91,10 +97,66 @@ bool TaskObserver::postTaskPerformed(AbstractTask *task)
     return true;
 }
 
+void TaskObserver::taskDeletedUnrun(const AbstractTask *task)
+{
+    Tsan::MutexLocker locker(&instanceMutex);
+    if (!_instance)
+        return;
+    // One wake-up for a run of addresses: a completion event without a task, which does
+    // nothing but let event() settle them.
+    const bool wake = unrunTasks.isEmpty();
+    unrunTasks.append(task);
+    if (wake) {
+        auto *event = new TaskPerformedEvent(nullptr);
+        Tsan::release(event);
+        QCoreApplication::postEvent(_instance, event, Qt::NormalEventPriority);
+    }
+}
+
+void TaskObserver::settleUnrunTasks()
+{
+    QVector<const AbstractTask *> unrun;
+    {
+        Tsan::MutexLocker locker(&instanceMutex);
+        unrun.swap(unrunTasks);
+    }
+    for (const AbstractTask *task : qAsConst(unrun)) {
+        const auto found = _taskRows.constFind(const_cast<AbstractTask *>(task));
+        if (found == _taskRows.constEnd() || found.value() == -1
+            || _tasks.at(found.value()).task != task)
+            continue;
+        failUnrun(found.value(), tr("The task was not run: the worker pool stopped."));
+        endBatchIfIdle(task);
+    }
+}
+
+void TaskObserver::failUnrun(int row, const QString &message)
+{
+    TaskEntry &entry = _tasks[row];
+    entry.task = nullptr;
+    entry.description.setStatus(TaskDescription::Fail);
+    entry.description.setMessage(message);
+    emit taskDataChanged(row);
+    ++_problemCount;
+    --_runningCount;
+}
+
+AbstractTask *TaskObserver::taskOfRow(int row) const
+{
+    AbstractTask *task = _tasks.at(row).task;
+    if (!task)
+        return nullptr;
+    // Deleted by a stopping pool and not yet settled: the row must not reach it.
+    Tsan::MutexLocker locker(&instanceMutex);
+    return unrunTasks.contains(task) ? nullptr : task;
+}
+
 void TaskObserver::performTask(AbstractTask *task)
 {
     if (!task)
         return;
+    // First let go of tasks deleted unrun: a new task may sit at one's address.
+    settleUnrunTasks();
     // A listed task whose entry has let go of it has finished and been deleted: what comes
     // now is a new task that the allocator placed at the same address.
     const auto listed = _taskRows.constFind(task);
@@ -122,7 +184,23 @@ void TaskObserver::performTask(AbstractTask *task)
     _tasks.append(TaskEntry {task->taskDescription(), task});
     emit tasksInserted(row, row);
 
-    Thread::put(task);
+    QString refusal;
+    switch (Thread::putTask(task)) {
+    case Thread::Queued:
+        return;
+    case Thread::QueueFull:
+        refusal = tr("The task was not run: the task queue is full.");
+        break;
+    case Thread::Stopping:
+        refusal = tr("The task was not run: the worker pool stopped.");
+        break;
+    default:
+        refusal = tr("The task was not run: no worker threads have been started.");
+        break;
+    }
+    failUnrun(row, refusal);
+    delete task;
+    endBatchIfIdle(task);
 }
 
 TaskObserverModel *TaskObserver::model() const
@@ -135,6 +213,7 @@ bool TaskObserver::event(QEvent *e)
     // Completion events are built on a worker thread; what it wrote is ours from here on.
     Tsan::acquire(e);
     if (e->type() == static_cast<QEvent::Type>(TaskPerformedEvent::Type)) {
+        settleUnrunTasks();
         auto *performed = static_cast<TaskPerformedEvent *>(e);
         if (performed->task())
             Tsan::acquire(performed->task());
@@ -181,27 +260,32 @@ void TaskObserver::taskPerformedEvent(TaskPerformedEvent *e)
 
     // Also after a completion that is not in the list: one left over from a batch cleared while
     // it ran still brings the observer back to idle, its block dialog and timer included.
-    if (_runningCount == 0) {
-        _dialog->unblockCloseButton();
-        if (_timer->isActive()) {
-            _blockDialog->reject();
-            _timer->stop();
-        }
-        _taskRows.remove(task);
-        if (_dialog->isVisible()) {
-            // Closing the dialog clears the batch through its rejected() signal.
-            if (_problemCount == 0)
-                _dialog->reject();
-        } else {
-            if (_problemCount != 0)
-                _dialog->open();
-            else
-                clearTasks();
-        }
-    }
+    endBatchIfIdle(task);
 
     task->afterRun();
     delete task;
+}
+
+void TaskObserver::endBatchIfIdle(const AbstractTask *task)
+{
+    if (_runningCount != 0)
+        return;
+    _dialog->unblockCloseButton();
+    if (_timer->isActive()) {
+        _blockDialog->reject();
+        _timer->stop();
+    }
+    _taskRows.remove(const_cast<AbstractTask *>(task));
+    if (_dialog->isVisible()) {
+        // Closing the dialog clears the batch through its rejected() signal.
+        if (_problemCount == 0)
+            _dialog->reject();
+    } else {
+        if (_problemCount != 0)
+            _dialog->open();
+        else
+            clearTasks();
+    }
 }
 
 void TaskObserver::openTaskObserveDialog()

@@ -53,8 +53,13 @@ public:
     /**
      * Takes ownership of @p task, lists it (tasksAboutToBeInserted(), tasksInserted()) and
      * puts it into the worker queue. A null task, a task already in the batch and a task
-     * already asked to stop are ignored. The result of Thread::put() is not checked: a task
-     * the queue refuses stays listed as processing and never runs.
+     * already asked to stop are ignored. A task the queue refuses (no worker started, 64
+     * tasks waiting, the pool stopping) is deleted at once without run() or afterRun(); its
+     * row shows Fail with a message saying why and counts as completed, so the batch ends and
+     * the dialog can be closed.
+     *
+     * The same holds for a task the pool deletes unrun when it stops: the observer learns its
+     * address only, never reads the task, and fails its row.
      */
     void performTask(AbstractTask *task);
 
@@ -96,12 +101,28 @@ private:
 
     friend class TaskObserverModel;
     friend class AbstractTask;
+    friend class Thread;
 
     /**
      * Posts the completion of @p task to the observer; called on a worker thread. Returns
      * false when there is no observer (never created, or already destroyed).
      */
     static bool postTaskPerformed(AbstractTask *task);
+
+    /**
+     * Notes that the pool deletes @p task without running it; called on a worker thread just
+     * before the deletion. The address is never dereferenced.
+     */
+    static void taskDeletedUnrun(const AbstractTask *task);
+
+    /** Fails the rows of tasks the pool deleted unrun; each counts as completed. */
+    void settleUnrunTasks();
+    /** Fails @p row whose task never ran, lets go of the task and counts it completed. */
+    void failUnrun(int row, const QString &message);
+    /** Ends the batch once no task runs any more; @p task is the last one's address. */
+    void endBatchIfIdle(const AbstractTask *task);
+    /** The task of @p row, or null once it is finished or deleted unrun. */
+    AbstractTask *taskOfRow(int row) const;
 
     struct TaskEntry
     {

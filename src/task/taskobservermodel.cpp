@@ -53,21 +53,22 @@ QVariant TaskObserverModel::data(const QModelIndex &index, int role) const
         return QVariant();
     const TaskObserver::TaskEntry &entry = _observer->_tasks.at(index.row());
     const int status = entry.description.status();
-    const bool knownStatus
-        = status >= TaskDescription::Processing && status <= TaskDescription::AboutToBeStopped;
+    // A status the library does not know says nothing a view could show: every role is empty.
+    if (status < TaskDescription::Processing || status > TaskDescription::AboutToBeStopped)
+        return QVariant();
 
     switch (index.column()) {
     case 0:
         if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
             return entry.description.description();
-        if (role == Qt::DecorationRole && knownStatus) {
+        if (role == Qt::DecorationRole) {
             static const char *const iconNames[] = {"task-ongoing", "task-reject", "task-complete",
                                                     "task-attention", "task-attention"};
             return Ovt::themeIcon(QLatin1String(iconNames[status]));
         }
         break;
     case 1:
-        if ((role == Qt::DisplayRole || role == Qt::ToolTipRole) && knownStatus) {
+        if (role == Qt::DisplayRole || role == Qt::ToolTipRole) {
             switch (status) {
             case TaskDescription::Processing:
                 return tr("processing");
@@ -81,10 +82,12 @@ QVariant TaskObserverModel::data(const QModelIndex &index, int role) const
                 return tr("about to be stop");
             }
         }
-        if (role == Qt::EditRole && knownStatus)
+        if (role == Qt::EditRole)
             return status;
-        if (role == Qt::UserRole)
-            return QVariant::fromValue<quint64>(entry.task ? entry.task->taskSpecialFlags() : 0);
+        if (role == Qt::UserRole) {
+            const AbstractTask *task = _observer->taskOfRow(index.row());
+            return QVariant::fromValue<quint64>(task ? task->taskSpecialFlags() : 0);
+        }
         break;
     case 2:
         if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
@@ -109,10 +112,10 @@ bool TaskObserverModel::setData(const QModelIndex &index, const QVariant &value,
         return false;
 
     TaskObserver::TaskEntry &entry = _observer->_tasks[index.row()];
-    if (entry.description.status() != TaskDescription::Processing || !entry.task
-        || !(entry.task->taskSpecialFlags() & 1) || entry.task->taskAboutToBeStopped())
-        return false;
-    if (!entry.task->setTaskAboutToBeStopped())
+    AbstractTask *task = _observer->taskOfRow(index.row());
+    // setTaskAboutToBeStopped() itself refuses a task that cannot be stopped.
+    if (entry.description.status() != TaskDescription::Processing || !task
+        || task->taskAboutToBeStopped() || !task->setTaskAboutToBeStopped())
         return false;
 
     entry.description.setStatus(TaskDescription::AboutToBeStopped);

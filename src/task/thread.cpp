@@ -1,11 +1,37 @@
 #include "task/thread.h"
 
 #include "task/abstracttask.h"
+#include "task/taskobserver.h"
+#include "task/taskpool_p.h"
 #include "task/tsan_p.h"
+
+#include <exception>
 
 namespace {
 
 constexpr int bufferSize = 64;
+
+// Runs @p task on this worker. A run() that throws would end the whole application; the task
+// fails instead with the exception's text, and is completed unless it had already handed
+// itself over (then it may be gone, and is not touched).
+void runTask(AbstractTask *task)
+{
+    QString message;
+    try {
+        TaskPool::lastHandedOver() = nullptr;
+        task->run();
+        return;
+    } catch (const std::exception &e) {
+        message = QString::fromLocal8Bit(e.what());
+    } catch (...) {
+        message = Thread::tr("The task failed with an unexpected error.");
+    }
+    if (TaskPool::lastHandedOver() == task)
+        return;
+    task->taskDescription().setStatus(TaskDescription::Fail);
+    task->taskDescription().setMessage(message);
+    task->AbstractTask::run();
+}
 
 } // namespace
 
@@ -45,21 +71,29 @@ Thread::~Thread()
 
 bool Thread::put(AbstractTask *task)
 {
+    return putTask(task) == Queued;
+}
+
+Thread::PutResult Thread::putTask(AbstractTask *task)
+{
     if (!task)
-        return false;
+        return NullTask;
+    // Producers may be many threads at once: the slot and _rearBound are taken under the lock
+    // the workers use too. Under it the stop request and the start of a pool are also settled,
+    // so a task is either in the queue before worker 0 empties it on stop, or refused.
+    Tsan::MutexLocker locker(&_frontBoundMutex);
     // A stopping pool takes nothing more: worker 0 may already have emptied the queue, and a
     // task put now would never be run nor deleted.
     if (Tsan::loadFlag(&_stopThread))
-        return false;
+        return Stopping;
     if (!_emptyBuffer.tryAcquire(1))
-        return false;
+        return _threadsCount.loadAcquire() == 0 ? NoWorker : QueueFull;
     Tsan::acquire(&_emptyBuffer);
-    // Only the producer writes _rearBound, so it needs no lock.
     _buffer[_rearBound] = task;
     _rearBound = (_rearBound + 1) % bufferSize;
     Tsan::release(&_fullBuffer);
     _fullBuffer.release(1);
-    return true;
+    return Queued;
 }
 
 void Thread::run()
@@ -99,7 +133,7 @@ void Thread::run()
         Tsan::release(&_emptyBuffer);
         _emptyBuffer.release(1);
         if (task)
-            task->run();
+            runTask(task);
     }
 
     {
@@ -110,6 +144,9 @@ void Thread::run()
             while (AbstractTask *task = _buffer[_frontBound]) {
                 _buffer[_frontBound] = nullptr;
                 _frontBound = (_frontBound + 1) % bufferSize;
+                // Told before the memory is freed, so that no new task at this address can be
+                // listed before the observer has let go of the old one.
+                TaskObserver::taskDeletedUnrun(task);
                 delete task;
             }
         }

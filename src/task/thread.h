@@ -33,17 +33,30 @@ public:
     ~Thread() override;
 
     /**
-     * Puts @p task at the rear of the queue; called on the user-interface thread only (the
-     * single producer). Returns false, and the task stays with the caller, for a null task,
-     * when no worker has started yet, when the pool is stopping, and when 64 tasks are already
-     * waiting. Never blocks.
+     * Puts @p task at the rear of the queue. Safe from any thread, several at once: every task
+     * accepted is run once (or, when the pool stops first, deleted unrun). Returns false, and
+     * the task stays with the caller, for a null task, when no worker has started yet, when
+     * the pool is stopping, and when 64 tasks are already waiting. Never waits for a free
+     * slot, only briefly for the queue's lock.
      */
     static bool put(AbstractTask *task);
 
 protected:
+    /**
+     * Takes tasks from the queue and runs them. An exception thrown out of a task's run() is
+     * caught here: the task then fails with the exception's text and is completed like any
+     * other, once. When the pool stops, worker 0 deletes the tasks still waiting and tells the
+     * task observer their addresses.
+     */
     void run() override;
 
 private:
+    friend class TaskObserver;
+
+    /** Why put() refused a task, for the task observer to say. */
+    enum PutResult { Queued, NullTask, NoWorker, Stopping, QueueFull };
+    static PutResult putTask(AbstractTask *task);
+
     static AbstractTask *_buffer[64];
     static int _frontBound;
     static int _rearBound;

@@ -1,3 +1,4 @@
+#include "element/containerelement.h"
 #include "element/element.h"
 #include "element/elementdata.h"
 #include "plugin/acceptormodule.h"
@@ -32,16 +33,17 @@ struct RecordingModule : Module
     }
 };
 
-struct TypedElement : Element
+template<class Base = Element> struct TypedElement : Base
 {
     TypedElement(Module &module, const QString &type, const QString &id)
-        : Element(module, nullptr)
+        : Base(module, &Module::defaultTrue)
     {
-        _elementType = type;
-        _id = id;
+        this->_elementType = type;
+        this->_id = id;
     }
-    QString caption() const override { return id(); }
+    QString caption() const override { return this->id(); }
 };
+using Folder = TypedElement<ContainerElement>;
 
 struct TypedWidget : ViewEditElementWidget
 {
@@ -54,7 +56,6 @@ struct TypedWidget : ViewEditElementWidget
     // Plug-ins override the first slot of each pair; the second must reach the override too.
     void afterSuccessfulUpdate() override { ++updates; }
     bool isContentValid() const override { return valid; }
-
     int updates = 0;
     bool valid = true;
 };
@@ -198,8 +199,6 @@ private Q_SLOTS:
         form->changeContent();
         emit list->customContextMenuRequested(QPoint(7, 0));
         QCOMPARE(log, QStringList({"content(3)", "content(2)", "menu(7)"}));
-
-        // Both slots of a pair reach the override.
         ViewEditElementWidget *base = form;
         base->afterSuccessfulUpdate();
         qAsConst(*base).afterSuccessfulUpdate();
@@ -219,18 +218,17 @@ private Q_SLOTS:
         QTest::addColumn<QString>("expected");
         // A module passes everything on to each sub-module in order, arguments unchanged; a
         // supplement only the insertion of an element of its type, and only to its donor.
-        QTest::newRow("module") << "module"
-                                << "none" << int(UpdateOperation) << "b:-:40:x:7 c:-:40:x:7";
-        QTest::newRow("inserted") << "supplement"
-                                  << "login" << int(InsertedOperation) << "users:postmaster:1:x:7";
-        QTest::newRow("other type") << "supplement"
-                                    << "mailbox" << int(InsertedOperation) << "";
-        QTest::newRow("removed") << "supplement"
-                                 << "login" << int(RemovedOperation) << "";
-        QTest::newRow("widget context") << "supplement"
-                                        << "widget" << int(InsertedOperation) << "";
-        QTest::newRow("no context") << "supplement"
-                                    << "none" << int(InsertedOperation) << "";
+        const auto add = [](const char *row, const char *kind, const char *context, int operation,
+                            const char *expected) {
+            QTest::newRow(row) << QString(kind) << QString(context) << operation
+                               << QString(expected);
+        };
+        add("module", "module", "none", UpdateOperation, "b:-:40:x:7 c:-:40:x:7");
+        add("inserted", "supplement", "login", InsertedOperation, "users:postmaster:1:x:7");
+        add("other type", "supplement", "mailbox", InsertedOperation, "");
+        add("removed", "supplement", "login", RemovedOperation, "");
+        add("widget context", "supplement", "widget", InsertedOperation, "");
+        add("no context", "supplement", "none", InsertedOperation, "");
     }
 
     void performOperationRouting()
@@ -246,8 +244,8 @@ private Q_SLOTS:
         TreeNode plain;
         RecordingModule c("c");
         module->append({&b, &plain, &c});
-        TypedElement login(*module, "login", "postmaster");
-        TypedElement mailbox(*module, "mailbox", "box");
+        TypedElement<> login(*module, "login", "postmaster");
+        TypedElement<> mailbox(*module, "mailbox", "box");
         TypedWidget widget("login", *module);
         ContextOperation *contexts[] = {&login, &mailbox, &widget};
         const int which = QStringList {"login", "mailbox", "widget"}.indexOf(context);
@@ -277,23 +275,37 @@ private Q_SLOTS:
         QVERIFY(child.isNull() && taken.isNull() && widget.isNull());
     }
 
-    void acceptorLooksUpTheDonorsElements()
+    void resetEmptiesContainersListedWithTheirContents()
     {
-        Module donor("users", nullptr, false);
-        auto *alice = new TypedElement(donor, "login", "alice");
-        donor.elementNodes() << alice;
-        AcceptorModule acceptor("mail", 2, "users", QString(), nullptr);
+        // Given the module lists containers and, after them, a container another one holds
+        Module module("m", nullptr, false);
+        auto *outer = new Folder(module, "", "outer"), *inner = new Folder(module, "", "inner");
+        auto *leaf = new TypedElement<>(module, "login", "leaf");
+        auto *other = new Folder(module, "", "other");
+        outer->append(inner);
+        inner->append(leaf);
+        other->append(new TypedElement<>(module, "login", "x"));
+        module.elementNodes() << outer << inner << leaf << other;
+        other->fetchMore();
 
-        // Directly under the module root there is no donor.
+        // When they are reset, each is emptied once and what that freed leaves the list
+        module.resetConteinerElement();
+        QStringList ids;
+        for (TreeNode *node : module.elementNodes())
+            ids << node->id() + QString::number(node->childNodesCount())
+                    + (node->canFetchMore() ? "?" : "");
+        QCOMPARE(ids.join(' '), QString("outer0? leaf0 other0?"));
+        // An acceptor module below finds its donor's elements there, but nothing freed
+        AcceptorModule acceptor("mail", 2, "m", QString(), nullptr);
+        module.append(&acceptor);
+        QCOMPARE(acceptor.elementFromDonor("leaf"), leaf);
+        QCOMPARE(acceptor.elementFromDonor("inner"), nullptr);
+        module.removeOne(&acceptor);
+        // Directly under the module root there is no donor
         ModuleRootTreeNode root;
         root.append(&acceptor);
-        QCOMPARE(acceptor.elementFromDonor("alice"), nullptr);
-
+        QCOMPARE(acceptor.elementFromDonor("leaf"), nullptr);
         root.removeOne(&acceptor);
-        donor.append(&acceptor);
-        QCOMPARE(acceptor.elementFromDonor("alice"), alice);
-        QCOMPARE(acceptor.elementFromDonor("bob"), nullptr);
-        donor.removeOne(&acceptor);
     }
 };
 

@@ -13,6 +13,7 @@
 #include <array>
 #include <atomic>
 #include <memory>
+#include <stdexcept>
 
 /** Counts per task id its runs, afterRun() calls and deletions (workers count too). */
 class Ledger
@@ -32,11 +33,12 @@ public:
     }
     int afterRuns() const { return _totals[AfterRun]; }
     int deletions() const { return _totals[Deletion]; }
-    int misplaced() const { return _misplaced; }
 
     /** Empty when each of ids [first, last) ran, got afterRun() and was deleted as expected. */
     QByteArray check(int first, int last, const QByteArray &expected = "1 1 1") const
     {
+        if (_misplaced)
+            return "run() or afterRun() on the wrong thread";
         for (int id = first; id < last; ++id) {
             const auto &c = _counts[id];
             const QByteArray got = QByteArray::number(c[Run]) + ' '
@@ -60,7 +62,8 @@ struct Gate
 };
 
 /**
- * Reports to a ledger and ends with a given outcome. With a gate it waits there in run(); a
+ * Reports to a ledger and ends with a given outcome, or throws (throwing 1: a
+ * std::runtime_error with the message, 2: an int). With a gate it waits there in run(); a
  * stoppable one (flag bit 0) asked to stop meanwhile fails with "Terminate by user".
  */
 class Task : public AbstractTask
@@ -85,8 +88,6 @@ public:
     void run() override
     {
         _ledger->count(_id, Ledger::Run);
-        if (_id % 7 == 0)
-            QThread::yieldCurrentThread(); // let other workers overtake
         if (_gate)
             _gate->started.release();
         while (_gate) {
@@ -98,11 +99,17 @@ public:
             if (_gate->open.tryAcquire(1, 2))
                 break;
         }
+        if (throwing == 1)
+            throw std::runtime_error(_message.toStdString());
+        if (throwing == 2)
+            throw 42;
         _taskDescription.setStatus(_outcome);
         _taskDescription.setMessage(_message);
         AbstractTask::run();
     }
     void afterRun() override { _ledger->count(_id, Ledger::AfterRun); }
+
+    int throwing = 0;
 
 private:
     Ledger *_ledger; // not owned
@@ -113,9 +120,8 @@ private:
 };
 
 /** The Thread objects of one pool; destroying them all resets the static queue. */
-class Pool
+struct Pool
 {
-public:
     explicit Pool(int workers)
     {
         for (int i = 0; i < workers; ++i) {
@@ -123,12 +129,7 @@ public:
             threads.last()->start();
         }
     }
-    ~Pool() { stop(); }
-    void stop()
-    {
-        qDeleteAll(threads);
-        threads.clear();
-    }
+    ~Pool() { qDeleteAll(threads); }
     /** Puts @p probe once the first worker has opened the queue. */
     static bool open(AbstractTask *probe)
     {
@@ -139,13 +140,9 @@ public:
 };
 
 /**
- * Keeps a Fatal QAbstractItemModelTester on a model except while rows are removed.
- *
- * clearTasks() announces the removal of the whole list as (n, n), the list length twice, and
- * the model hands that on to beginRemoveRows(n, n): one past the last row. The pair is part of
- * the observer's interface and is kept, but the tester rightly rejects it, so it sits out that
- * removal and a fresh one checks the emptied model. Construct the guard before the tester
- * would otherwise be connected, so that its slots run first.
+ * Keeps a Fatal QAbstractItemModelTester on a model except while rows are removed: the
+ * observer announces clearing n rows as (n, n), one past the last row. The pair is part of its
+ * interface, but the tester rightly rejects it; a fresh tester checks the emptied model.
  */
 class ModelTesterGuard : public QObject
 {

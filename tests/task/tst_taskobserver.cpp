@@ -19,28 +19,20 @@
 namespace {
 
 const int hour = 3600 * 1000;
+const auto ok = TaskDescription::Success;
 
 // Rows of makeMixedBatch().
 enum { Copied, Failed, Warned, Running, Waiting, StopRequested };
 
 /** Lives at one fixed address: each instance takes the previous one's memory. */
-class RecycledTask : public Task
+struct RecycledTask : Task
 {
-public:
     using Task::Task;
     static void *operator new(std::size_t) { return &storage; }
     static void operator delete(void *) { }
     static std::aligned_storage_t<sizeof(Task), alignof(Task)> storage;
 };
 std::aligned_storage_t<sizeof(Task), alignof(Task)> RecycledTask::storage;
-
-// Status, icon and status text of outcome letter F, S or W (status 1 to 3).
-int status(QChar letter)
-{
-    return 1 + QStringLiteral("FSW").indexOf(letter.toUpper());
-}
-const char *const icons[] = {"", "task-reject", "task-complete", "task-attention"};
-const char *const texts[] = {"", "fail", "success", "warning"};
 
 /** An icon theme with the task icons, so that the model's icons resolve and know their names. */
 bool installIconTheme(const QString &root)
@@ -73,30 +65,21 @@ class tst_TaskObserver : public QObject
 
 private slots:
     void initTestCase();
-    void cleanupTestCase();
+    void cleanupTestCase() { delete _observer; }
     void init();
     void cleanup();
-
     void batchOutcome_data();
     void batchOutcome();
-    void ignoredSubmissions();
-    void taskAtAddressOfFinishedTask();
+    void ignoredAndRecycledSubmissions();
     void unknownStatus();
-    void stopRequest_data();
-    void stopRequest();
+    void refusedByAFullQueue();
     void clearTasks();
-
-    void buttonsFollowSelectedRow_data();
-    void buttonsFollowSelectedRow();
-    void stopButton();
-    void closingWhileAndAfterTasksRun();
-    void messagePage_data();
-    void messagePage();
-    void geometryIsSavedAndRestored();
+    void selectedRow_data();
+    void selectedRow();
+    void geometryIsKept();
 
 private:
-    Task *task(const QString &title = QString(),
-               TaskDescription::TaskStatus outcome = TaskDescription::Success,
+    Task *task(const QString &title = QString(), TaskDescription::TaskStatus outcome = ok,
                const QString &message = QString(), bool gated = false, quint64 flags = 0)
     {
         return new Task(_ledger.get(), _nextId++, title, outcome, message,
@@ -111,13 +94,12 @@ private:
     QModelIndex index(int row, int column = 0) const { return _model->index(row, column); }
     QString rowText(int row) const;
     void makeMixedBatch();
-    void clickRow(int row);
 
     QTemporaryDir _dir;
     TaskObserver *_observer = nullptr;
     TaskObserverModel *_model = nullptr;
     TaskObserverDialog *_dialog = nullptr;
-    BlockDialog *_blockDialog = nullptr;
+    QDialog *_blockDialog = nullptr;
     QTimer *_timer = nullptr;
     QTreeView *_view = nullptr;
     QPushButton *_more = nullptr, *_stop = nullptr;
@@ -142,32 +124,20 @@ void tst_TaskObserver::initTestCase()
 
     _observer = TaskObserver::instance();
     _model = _observer->model();
-    const auto widgets = QApplication::topLevelWidgets();
-    for (QWidget *widget : widgets) {
+    for (QWidget *widget : QApplication::topLevelWidgets()) {
         if (auto *dialog = qobject_cast<TaskObserverDialog *>(widget))
             _dialog = dialog;
         if (auto *block = qobject_cast<BlockDialog *>(widget))
             _blockDialog = block;
     }
     _timer = _observer->findChild<QTimer *>(QStringLiteral("_timer"));
-    QVERIFY(_dialog && _blockDialog && _timer);
-    QCOMPARE(_timer->interval(), 1000);
     _view = _dialog->findChild<QTreeView *>(QStringLiteral("_taskTreeView"));
     _more = _dialog->findChild<QPushButton *>(QStringLiteral("_morePushButton"));
     _stop = _dialog->findChild<QPushButton *>(QStringLiteral("_stopPushButton"));
     _buttonBox = _dialog->findChild<QDialogButtonBox *>(QStringLiteral("_buttonBox"));
     _stack = _dialog->findChild<QStackedWidget *>(QStringLiteral("_stackedWidget"));
     _text = _dialog->findChild<QPlainTextEdit *>(QStringLiteral("_errorPlainTextEdit"));
-    QVERIFY(_view && _more && _stop && _buttonBox && _stack && _text);
-    // A modal dialog with a title bar but no button in it; the block dialog is modal too
-    const Qt::WindowFlags flags = _dialog->windowFlags();
-    QVERIFY((flags & Qt::CustomizeWindowHint) && (flags & Qt::WindowTitleHint));
-    QVERIFY(!(flags
-              & (Qt::WindowCloseButtonHint | Qt::WindowMinMaxButtonsHint
-                 | Qt::WindowContextHelpButtonHint)));
-    QVERIFY(_dialog->isModal() && _blockDialog->isModal());
-    QCOMPARE(_dialog->objectName(), QStringLiteral("TaskObserverDialog"));
-    QCOMPARE(_stop->toolTip(), QStringLiteral("Stop task"));
+    QVERIFY(_timer && _blockDialog && _view && _more && _stop && _buttonBox && _stack && _text);
 
     const auto record = [this](const QString &name) {
         return [this, name](int first, int last) {
@@ -187,15 +157,9 @@ void tst_TaskObserver::initTestCase()
     QTRY_COMPARE(probe.deletions(), 1);
 }
 
-void tst_TaskObserver::cleanupTestCase()
-{
-    _pool.reset();
-    delete _observer;
-}
-
 void tst_TaskObserver::init()
 {
-    _ledger.reset(new Ledger(64));
+    _ledger.reset(new Ledger(66));
     _gate.reset(new Gate);
     _nextId = _performed = 0;
     _timer->setInterval(TaskObserver::_delay);
@@ -206,7 +170,7 @@ void tst_TaskObserver::init()
 void tst_TaskObserver::cleanup()
 {
     // Let every task finish, then bring the observer back to idle, whatever the test left.
-    _gate->open.release(64);
+    _gate->open.release(66);
     QTRY_COMPARE_WITH_TIMEOUT(_ledger->afterRuns(), _performed, 20000);
     _timer->stop();
     _blockDialog->reject();
@@ -214,8 +178,6 @@ void tst_TaskObserver::cleanup()
     _dialog->reject();
     QCOMPARE(_model->rowCount(), 0);
     _guard.reset();
-    _gate.reset();
-    _ledger.reset();
 }
 
 /** "title|icon|status text|status|flags|message", plus a note for a tool tip that differs. */
@@ -238,7 +200,8 @@ QString tst_TaskObserver::rowText(int row) const
 void tst_TaskObserver::batchOutcome_data()
 {
     QTest::addColumn<int>("interval");
-    // A letter per task: Success, Fail, Warning; lower case: it outlasts the grace period.
+    // A letter per task: Success, Fail, Warning, run() Throws a std::exception or anything
+    // eXcept that (it fails); lower case: it outlasts the grace period.
     QTest::addColumn<QString>("outcomes");
     QTest::newRow("quick batch: no dialog") << 1000 << "SSS";
     QTest::newRow("slow batch: dialog after grace") << 1000 << "Ss";
@@ -247,6 +210,8 @@ void tst_TaskObserver::batchOutcome_data()
     QTest::newRow("first fails while hidden") << hour << "FSS";
     QTest::newRow("no grace: success closes") << 0 << "SS";
     QTest::newRow("no grace: failure stays") << 0 << "SF";
+    QTest::newRow("throws, worker goes on") << hour << "TS";
+    QTest::newRow("throws anything") << hour << "XS";
 }
 
 void tst_TaskObserver::batchOutcome()
@@ -254,34 +219,40 @@ void tst_TaskObserver::batchOutcome()
     QFETCH(int, interval);
     QFETCH(QString, outcomes);
     const int n = outcomes.size();
-    const bool problem = outcomes.contains('F') || outcomes.contains('W');
+    const bool problem = outcomes.toUpper().contains(QRegularExpression("[FWTX]"));
     const bool slow = outcomes != outcomes.toUpper();
     _timer->setInterval(interval);
     QSignalSpy closed(_dialog, &QDialog::rejected);
 
-    for (int i = 0; i < n; ++i)
-        perform(task(QString::number(i), TaskDescription::TaskStatus(status(outcomes[i])),
-                     QStringLiteral("message %1").arg(i), outcomes[i].isLower()));
+    const auto letter = [&outcomes](int i) {
+        return outcomes[i].toUpper();
+    };
+    // The row's final status, 0 to 2 for Fail, Success, Warning
+    const auto status = [&](int i) {
+        return qMin(QStringLiteral("FSWTX").indexOf(letter(i)), 3) % 3;
+    };
+    for (int i = 0; i < n; ++i) {
+        Task *t = task(QString::number(i), TaskDescription::TaskStatus(status(i) + 1),
+                       QStringLiteral("message %1").arg(i), outcomes[i].isLower());
+        t->throwing = QStringLiteral("TX").indexOf(letter(i)) + 1;
+        perform(t);
+    }
     // Without a grace period the dialog opens at once, else the invisible block dialog holds input
-    QCOMPARE(_dialog->isVisible(), interval == 0);
     QCOMPARE(QApplication::activeModalWidget(),
-             interval ? static_cast<QWidget *>(_blockDialog) : _dialog);
+             static_cast<QWidget *>(interval ? _blockDialog : _dialog));
     QVERIFY(_blockDialog->testAttribute(Qt::WA_DontShowOnScreen));
     QVERIFY(!_buttonBox->isEnabled());
     if (slow) {
         // until the timer replaces it by the dialog
-        QTRY_VERIFY_WITH_TIMEOUT(_dialog->isVisible(), 10000);
-        QVERIFY(!_blockDialog->isVisible());
-        QVERIFY(!_buttonBox->isEnabled());
+        QTRY_COMPARE_WITH_TIMEOUT(QApplication::activeModalWidget(),
+                                  static_cast<QWidget *>(_dialog), 10000);
+        QVERIFY(!_blockDialog->isVisible() && !_buttonBox->isEnabled());
         _gate->open.release();
     }
 
     QTRY_COMPARE(_ledger->afterRuns(), n);
     QCOMPARE(_ledger->check(0, n), QByteArray());
-    QCOMPARE(_ledger->misplaced(), 0);
-    QVERIFY(!_blockDialog->isVisible());
-    QVERIFY(!_timer->isActive());
-    QVERIFY(_buttonBox->isEnabled());
+    QVERIFY(!_blockDialog->isVisible() && !_timer->isActive() && _buttonBox->isEnabled());
     // Problems keep the dialog open (or open it); otherwise it closes or never shows
     QCOMPARE(_dialog->isVisible(), problem);
     QCOMPARE(closed.count(), int(!problem && (interval == 0 || slow)));
@@ -292,135 +263,76 @@ void tst_TaskObserver::batchOutcome()
         expected += QStringLiteral("d%1 ").arg(i);
     if (!problem) {
         QCOMPARE(_signals, expected + QStringLiteral("<r%1,%1 r%1,%1 ").arg(n));
-        QCOMPARE(_model->rowCount(), 0);
         return;
     }
     QCOMPARE(_signals, expected);
     // The dialog lists the whole batch; finished rows have no task any more (flags 0)
+    const char *const icons[] = {"task-reject", "task-complete", "task-attention"};
+    const char *const texts[] = {"fail", "success", "warning"};
     for (int i = 0; i < n; ++i) {
-        const int s = status(outcomes[i]);
+        const int s = status(i);
+        const QString message = letter(i) == 'X'
+            ? QStringLiteral("The task failed with an unexpected error.")
+            : QStringLiteral("message %1").arg(i);
         QCOMPARE(rowText(i),
-                 QStringLiteral("%1|%2|%3|%4|0|message %1").arg(i).arg(icons[s], texts[s]).arg(s));
+                 QStringLiteral("%1|%2|%3|%4|0|").arg(i).arg(icons[s], texts[s]).arg(s + 1)
+                     + message);
     }
-
-    // A new batch goes below and blocks closing; though it succeeds, the old problem keeps
-    // the dialog open until the user closes it, which clears the list
-    _signals.clear();
-    perform(task(QStringLiteral("next"), TaskDescription::Success, {}, true));
-    QCOMPARE(_model->rowCount(), n + 1);
-    QVERIFY(!_buttonBox->isEnabled());
-    QVERIFY(!_blockDialog->isVisible());
-    _gate->open.release();
-    QTRY_VERIFY(_buttonBox->isEnabled());
-    QVERIFY(_dialog->isVisible());
-    _dialog->reject();
-    QCOMPARE(_model->rowCount(), 0);
-    QCOMPARE(_signals, QStringLiteral("<i%1,%1 i%1,%1 d%1 <r%2,%2 r%2,%2 ").arg(n).arg(n + 1));
 }
 
-void tst_TaskObserver::ignoredSubmissions()
+void tst_TaskObserver::ignoredAndRecycledSubmissions()
 {
     // A null task and a task already asked to stop are ignored; the latter stays the caller's
     _observer->performTask(nullptr);
-    Task *stopped = task({}, TaskDescription::Success, {}, false, 1);
+    std::unique_ptr<Task> stopped(task({}, ok, {}, false, 1));
     QVERIFY(stopped->setTaskAboutToBeStopped());
-    _observer->performTask(stopped);
-    QVERIFY(_signals.isEmpty());
-    QVERIFY(!_timer->isActive());
-    delete stopped;
-    QCOMPARE(_ledger->check(0, 1, "0 0 1"), QByteArray());
+    _observer->performTask(stopped.get());
+    QVERIFY(_signals.isEmpty() && !_timer->isActive());
 
     // A task given twice is listed and queued once
-    Task *twice = perform(task());
-    _observer->performTask(twice);
-    QTRY_COMPARE(_ledger->deletions(), 2);
-    QCOMPARE(_ledger->check(1, 2), QByteArray());
-    QCOMPARE(_signals, QStringLiteral("<i0,0 i0,0 d0 <r1,1 r1,1 "));
-}
-
-void tst_TaskObserver::taskAtAddressOfFinishedTask()
-{
-    // Given a batch in which one task finished (and was deleted) while another still runs
     Task *first = perform(new RecycledTask(_ledger.get(), _nextId++));
-    perform(task({}, TaskDescription::Success, {}, true));
+    _observer->performTask(first);
+    perform(task({}, ok, {}, true));
     QVERIFY(_gate->started.tryAcquire(1, 10000));
     QTRY_COMPARE(_ledger->deletions(), 1);
 
-    // When a new task of that batch is allocated at the same address, it still runs
-    Task *second = perform(new RecycledTask(_ledger.get(), _nextId++));
-    QCOMPARE(second, first);
+    // A new task of the batch at the address of one that finished still runs
+    QCOMPARE(perform(new RecycledTask(_ledger.get(), _nextId++)), first);
     QCOMPARE(_model->rowCount(), 3);
     _gate->open.release();
     QTRY_COMPARE(_ledger->deletions(), 3);
-    QCOMPARE(_ledger->check(0, 3), QByteArray());
+    QCOMPARE(_ledger->check(1, 4), QByteArray());
 }
 
 void tst_TaskObserver::unknownStatus()
 {
-    // Neither running nor done: the row shows no status and the batch goes on.
+    // Neither running nor done: the row shows nothing and the batch goes on.
     _timer->setInterval(hour);
-    perform(task(QStringLiteral("odd"), TaskDescription::TaskStatus(7), QStringLiteral("m")));
+    perform(task("odd", TaskDescription::TaskStatus(7), "m"));
     QTRY_COMPARE(_ledger->afterRuns(), 1);
-    QCOMPARE(rowText(0), QStringLiteral("odd||||0|m"));
+    QCOMPARE(rowText(0), QStringLiteral("|||||"));
     QVERIFY(_timer->isActive());
 }
 
-void tst_TaskObserver::stopRequest_data()
+void tst_TaskObserver::refusedByAFullQueue()
 {
-    QTest::addColumn<int>("row");
-    QTest::addColumn<int>("column");
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<int>("role");
-    const auto add = [](const char *name, int row, int column, const QVariant &value,
-                        int role = Qt::EditRole) {
-        QTest::newRow(name) << row << column << value << role;
-    };
-    // Rows: 0 finished, 1 running and not stoppable, 2 waiting and stoppable.
-    add("finished row", 0, 1, 4);
-    add("not stoppable", 1, 1, 4);
-    add("column 0", 2, 0, 4);
-    add("value 3", 2, 1, 3);
-    add("not a number", 2, 1, "four");
-    add("display role", 2, 1, 4, Qt::DisplayRole);
-    add("invalid index", -1, 0, 4);
-}
-
-void tst_TaskObserver::stopRequest()
-{
-    QFETCH(int, row);
-    QFETCH(int, column);
-    QFETCH(QVariant, value);
-    QFETCH(int, role);
+    // Given the worker is busy and 64 tasks wait
     _timer->setInterval(hour);
-    perform(task(QStringLiteral("done")));
-    perform(task(QStringLiteral("busy"), TaskDescription::Success, {}, true));
-    Task *stoppable
-        = perform(task(QStringLiteral("stoppable"), TaskDescription::Success, {}, true, 1));
+    perform(task({}, ok, {}, true));
     QVERIFY(_gate->started.tryAcquire(1, 10000));
-    QTRY_COMPARE(_ledger->afterRuns(), 1);
-    QSignalSpy changes(_model, &QAbstractItemModel::dataChanged);
+    for (int i = 0; i < 64; ++i)
+        perform(task());
 
-    // Anything but status 4 on column 1 of a running, stoppable row is refused
-    QVERIFY(!_model->setData(row < 0 ? QModelIndex() : index(row, column), value, role));
-    QCOMPARE(changes.count(), 0);
-    QVERIFY(!stoppable->taskAboutToBeStopped());
-    QCOMPARE(index(0, 1).data(Qt::EditRole), QVariant(TaskDescription::Success));
-    QCOMPARE(index(1, 1).data(Qt::EditRole), QVariant(TaskDescription::Processing));
-    QCOMPARE(rowText(2), QStringLiteral("stoppable|task-ongoing|processing|0|1|"));
+    // When one more is performed, it is deleted unrun and its row says why
+    _observer->performTask(task("late"));
+    QCOMPARE(_ledger->check(65, 66, "0 0 1"), QByteArray());
+    QCOMPARE(
+        rowText(65),
+        QStringLiteral("late|task-reject|fail|1|0|The task was not run: the task queue is full."));
 
-    // That request is taken once; the row and the task both know
-    QVERIFY(_model->setData(index(2, 1), QStringLiteral("4")));
-    QVERIFY(!_model->setData(index(2, 1), 4));
-    QVERIFY(stoppable->taskAboutToBeStopped());
-    QCOMPARE(rowText(2), QStringLiteral("stoppable|task-attention|about to be stop|4|1|"));
-    QCOMPARE(changes.count(), 1);
-    QCOMPARE(changes.at(0).at(0).toModelIndex(), index(2, 0));
-    QCOMPARE(changes.at(0).at(1).toModelIndex(), index(2, 1));
-
-    // The task reacts by failing with its own message, which opens the dialog
+    // Then the batch ends with that problem and the dialog can be closed
     _gate->open.release();
-    QTRY_VERIFY(_dialog->isVisible());
-    QCOMPARE(rowText(2), QStringLiteral("stoppable|task-reject|fail|1|0|Terminate by user"));
+    QTRY_VERIFY(_dialog->isVisible() && _buttonBox->isEnabled());
 }
 
 void tst_TaskObserver::clearTasks()
@@ -428,184 +340,129 @@ void tst_TaskObserver::clearTasks()
     // Given three running rows, two of them held by a view
     _timer->setInterval(hour);
     for (int i = 0; i < 3; ++i)
-        perform(task({}, TaskDescription::Success, {}, true));
+        perform(task({}, ok, {}, true));
     const QPersistentModelIndex first(index(0, 0)), last(index(2, 1));
-    QSignalSpy removing(_model, &QAbstractItemModel::rowsAboutToBeRemoved);
     _signals.clear();
 
+    // When they are cleared, the removal is announced as (3, 3), the list length twice
     _observer->clearTasks();
-
-    // The removal is announced as (3, 3), the list length twice; kept as it is
     QCOMPARE(_signals, QStringLiteral("<r3,3 r3,3 "));
-    QCOMPARE(removing.count(), 1);
-    QCOMPARE(removing.at(0).at(1).toInt(), 3);
-    QCOMPARE(removing.at(0).at(2).toInt(), 3);
-    QCOMPARE(_model->rowCount(), 0);
     QVERIFY(!first.isValid() && !last.isValid());
 
     // The tasks go on; unknown now, each completion ends the (empty) batch: no input stays
-    // blocked, no dialog opens later
+    // blocked, no dialog opens later, and the next batch's rows are not taken for the old ones
     _gate->open.release(3);
     QTRY_COMPARE(_ledger->deletions(), 3);
     QCOMPARE(_ledger->check(0, 3), QByteArray());
     QCOMPARE(_signals, QStringLiteral("<r3,3 r3,3 ") + QStringLiteral("<r0,0 r0,0 ").repeated(3));
     QVERIFY(!_timer->isActive() && !_blockDialog->isVisible() && _buttonBox->isEnabled());
-
-    // and the next batch's rows are not taken for the old ones
     perform(task());
-    QCOMPARE(_model->rowCount(), 1);
     QVERIFY(!first.isValid() && !last.isValid());
 }
 
 void tst_TaskObserver::makeMixedBatch()
 {
     _timer->setInterval(0);
-    const auto ok = TaskDescription::Success;
-    perform(task(QStringLiteral("Copy")));
-    perform(
-        task(QStringLiteral("Delete"), TaskDescription::Fail, QStringLiteral("permission denied")));
-    perform(
-        task(QStringLiteral("Update"), TaskDescription::Warning, QStringLiteral("partly done")));
-    perform(task(QStringLiteral("Import"), ok, {}, true, 1));
-    perform(task(QStringLiteral("Wait"), ok, {}, true));
-    perform(task(QStringLiteral("Print"), ok, {}, true, 1));
+    perform(task("Copy"));
+    perform(task("Delete", TaskDescription::Fail, "permission denied"));
+    perform(task("Update", TaskDescription::Warning, "partly done"));
+    perform(task("Import", ok, {}, true, 1));
+    perform(task("Wait", ok, {}, true, 0x6)); // flags, but not stoppable
+    perform(task("Print", ok, {}, true, 1));
     QVERIFY(_gate->started.tryAcquire(1, 10000));
     QTRY_COMPARE(_ledger->afterRuns(), 3);
     QVERIFY(_model->setData(index(StopRequested, 1), 4));
     QVERIFY(QTest::qWaitForWindowExposed(_dialog));
 }
 
-void tst_TaskObserver::clickRow(int row)
-{
-    const QRect rect = _view->visualRect(index(row));
-    QVERIFY(rect.isValid());
-    QTest::mouseClick(_view->viewport(), Qt::LeftButton, {}, rect.center());
-    QCOMPARE(_view->selectionModel()->selectedRows(), QModelIndexList({index(row)}));
-}
-
-void tst_TaskObserver::buttonsFollowSelectedRow_data()
+void tst_TaskObserver::selectedRow_data()
 {
     QTest::addColumn<int>("row");
-    QTest::addColumn<bool>("more");
-    QTest::addColumn<bool>("stop");
-    const auto add = [](const char *name, int row, bool more, bool stop) {
-        QTest::newRow(name) << row << more << stop;
-    };
-    add("success: neither", Copied, false, false);
-    add("fail: More", Failed, true, false);
-    add("warning: More", Warned, true, false);
-    add("running, stoppable: Stop", Running, false, true);
-    add("waiting, not stoppable: neither", Waiting, false, false);
-    add("asked to stop: neither", StopRequested, false, false);
-}
-
-void tst_TaskObserver::buttonsFollowSelectedRow()
-{
-    QFETCH(int, row);
-    QFETCH(bool, more);
-    QFETCH(bool, stop);
-    makeMixedBatch();
-    QVERIFY(!_more->isEnabled() && !_stop->isEnabled());
-    // Shown, the columns fit their contents, the status column included.
-    QVERIFY(_view->columnWidth(1) >= static_cast<QAbstractItemView *>(_view)->sizeHintForColumn(1));
-
-    clickRow(row);
-    QCOMPARE(_more->isEnabled(), more);
-    QCOMPARE(_stop->isEnabled(), stop);
-    _view->clearSelection();
-    QVERIFY(!_more->isEnabled() && !_stop->isEnabled());
-}
-
-void tst_TaskObserver::stopButton()
-{
-    makeMixedBatch();
-    clickRow(Running);
-    QTest::mouseClick(_stop, Qt::LeftButton);
-
-    // The buttons follow the selected row: asked to stop, then failed by the task itself
-    QCOMPARE(index(Running, 1).data().toString(), QStringLiteral("about to be stop"));
-    QVERIFY(!_stop->isEnabled());
-    QTRY_COMPARE(index(Running, 1).data().toString(), QStringLiteral("fail"));
-    QCOMPARE(index(Running, 2).data().toString(), QStringLiteral("Terminate by user"));
-    QVERIFY(_more->isEnabled());
-}
-
-void tst_TaskObserver::closingWhileAndAfterTasksRun()
-{
-    // Given a task is running and the dialog is shown
-    _timer->setInterval(0);
-    perform(task(QStringLiteral("Slow"), TaskDescription::Fail, QStringLiteral("broken"), true));
-    QVERIFY(QTest::qWaitForWindowExposed(_dialog));
-
-    // When the user presses Escape, asks the window to close or clicks Close, it stays
-    QTest::keyClick(_dialog, Qt::Key_Escape);
-    QVERIFY(!_dialog->close());
-    QTest::mouseClick(_buttonBox->button(QDialogButtonBox::Close), Qt::LeftButton);
-    QVERIFY(_dialog->isVisible());
-    QCOMPARE(_model->rowCount(), 1);
-
-    // Once the batch has failed, Escape closes it, message page and all, and clears the list
-    _gate->open.release();
-    QTRY_VERIFY(_buttonBox->isEnabled());
-    clickRow(0);
-    QTest::mouseClick(_more, Qt::LeftButton);
-    QCOMPARE(_stack->currentIndex(), 1);
-    QTest::keyClick(_dialog, Qt::Key_Escape);
-    QVERIFY(!_dialog->isVisible());
-    QCOMPARE(_model->rowCount(), 0);
-    QCOMPARE(_stack->currentIndex(), 0);
-    QCOMPARE(_dialog->windowTitle(), QStringLiteral("Tasks"));
-    QVERIFY(!_more->isChecked() && !_more->isEnabled() && !_stop->isEnabled());
-
-    // Reopened for the next failed batch it has nothing selected; a close request closes it
-    perform(task({}, TaskDescription::Fail));
-    QTRY_VERIFY(_buttonBox->isEnabled());
-    QVERIFY(!_view->selectionModel()->hasSelection());
-    QVERIFY(!_view->selectionModel()->currentIndex().isValid());
-    QVERIFY(!_more->isEnabled() && !_stop->isEnabled());
-    QVERIFY(_dialog->close());
-    QCOMPARE(_model->rowCount(), 0);
-}
-
-void tst_TaskObserver::messagePage_data()
-{
-    QTest::addColumn<int>("row");
-    QTest::addColumn<QString>("title"); // empty: the double-click does nothing
+    QTest::addColumn<QString>("buttons"); // enabled ones, M: More, S: Stop
+    QTest::addColumn<QString>("title"); // of the message page a double-click opens
     QTest::addColumn<QString>("message");
-    QTest::newRow("failed") << int(Failed) << "Error: Delete"
-                            << "permission denied";
-    QTest::newRow("warned") << int(Warned) << "Warning: Update"
-                            << "partly done";
-    QTest::newRow("succeeded") << int(Copied) << QString() << QString();
-    QTest::newRow("running") << int(Running) << QString() << QString();
+    QTest::newRow("success") << int(Copied) << "" << QString() << QString();
+    QTest::newRow("fail") << int(Failed) << "M"
+                          << "Error: Delete"
+                          << "permission denied";
+    QTest::newRow("warning") << int(Warned) << "M"
+                             << "Warning: Update"
+                             << "partly done";
+    QTest::newRow("running, stoppable") << int(Running) << "S" << QString() << QString();
+    QTest::newRow("waiting, not stoppable") << int(Waiting) << "" << QString() << QString();
+    QTest::newRow("asked to stop") << int(StopRequested) << "" << QString() << QString();
 }
 
-void tst_TaskObserver::messagePage()
+void tst_TaskObserver::selectedRow()
 {
     QFETCH(int, row);
+    QFETCH(QString, buttons);
     QFETCH(QString, title);
     QFETCH(QString, message);
     makeMixedBatch();
+    const auto enabled = [this] {
+        return QString(_more->isEnabled() ? "M" : "") + (_stop->isEnabled() ? "S" : "");
+    };
+    QCOMPARE(enabled(), QString());
+    // A stop request is status 4 in the edit role on column 1 of a row whose task runs, can be
+    // stopped and was not asked before (the Stop button below); anything else changes nothing
+    QSignalSpy changes(_model, &QAbstractItemModel::dataChanged);
+    QVERIFY(!_model->setData(QModelIndex(), 4));
+    for (const QVariant &value : {QVariant(3), QVariant("four")})
+        QVERIFY(!_model->setData(index(Running, 1), value));
+    QVERIFY(!_model->setData(index(Running, 1), 4, Qt::DisplayRole));
+    QVERIFY(!_model->setData(index(Running, 0), 4));
+    QVERIFY(row == Running || !_model->setData(index(row, 1), 4));
+    QVERIFY(changes.isEmpty());
+    QCOMPARE(rowText(Running), QStringLiteral("Import|task-ongoing|processing|0|1|"));
+    // Shown, the columns fit their contents, the status column included.
+    QVERIFY(_view->columnWidth(1) >= static_cast<QAbstractItemView *>(_view)->sizeHintForColumn(1));
 
     // A double-click as the window system delivers it: a click, then the double-click
     const QPoint centre = _view->visualRect(index(row)).center();
     QTest::mouseClick(_view->viewport(), Qt::LeftButton, {}, centre);
+    QCOMPARE(enabled(), buttons);
     QTest::mouseDClick(_view->viewport(), Qt::LeftButton, {}, centre);
-    if (!title.isEmpty()) {
-        QVERIFY(_more->isChecked());
-        QCOMPARE(_stack->currentIndex(), 1);
-        QCOMPARE(_dialog->windowTitle(), title);
-        QCOMPARE(_text->toPlainText(), message);
-        // Unchecking More goes back to the list
+    QCOMPARE(_more->isChecked(), !title.isEmpty());
+    QCOMPARE(_stack->currentIndex(), int(!title.isEmpty()));
+    QCOMPARE(_dialog->windowTitle(), title.isEmpty() ? QStringLiteral("Tasks") : title);
+    QCOMPARE(_text->toPlainText(), message);
+    if (_more->isChecked()) {
+        // Unchecking More goes back to the list, checking it again to the message
+        QTest::mouseClick(_more, Qt::LeftButton);
+        QVERIFY(_stack->currentIndex() == 0 && _text->toPlainText().isEmpty());
+        QCOMPARE(_dialog->windowTitle(), QStringLiteral("Tasks"));
         QTest::mouseClick(_more, Qt::LeftButton);
     }
-    QVERIFY(!_more->isChecked());
-    QCOMPARE(_stack->currentIndex(), 0);
+    if (buttons == "S") {
+        // Stop asks the task, and the buttons follow the row until the task has failed
+        QTest::mouseClick(_stop, Qt::LeftButton);
+        QCOMPARE(rowText(row), QStringLiteral("Import|task-attention|about to be stop|4|1|"));
+        QCOMPARE(enabled(), QString());
+        QTRY_COMPARE(rowText(row), QStringLiteral("Import|task-reject|fail|1|0|Terminate by user"));
+        QCOMPARE(enabled(), QString("M"));
+    }
+
+    // While tasks run, Escape, a close request and Close do nothing
+    QTest::keyClick(_dialog, Qt::Key_Escape);
+    QVERIFY(!_dialog->close());
+    QTest::mouseClick(_buttonBox->button(QDialogButtonBox::Close), Qt::LeftButton);
+    QVERIFY(_dialog->isVisible());
+    // Once they are done, Escape closes it, message page and all, and clears the list
+    _gate->open.release(3);
+    QTRY_VERIFY(_buttonBox->isEnabled());
+    QTest::keyClick(_dialog, Qt::Key_Escape);
+    QVERIFY(!_dialog->isVisible() && _stack->currentIndex() == 0);
+    QCOMPARE(_model->rowCount(), 0);
     QCOMPARE(_dialog->windowTitle(), QStringLiteral("Tasks"));
-    QVERIFY(_text->toPlainText().isEmpty());
+    QVERIFY(!_more->isChecked() && enabled().isEmpty());
+    // Reopened for the next failed batch it has nothing selected
+    perform(task({}, TaskDescription::Fail));
+    QTRY_VERIFY(_buttonBox->isEnabled());
+    QVERIFY(!_view->selectionModel()->hasSelection() && enabled().isEmpty());
 }
 
-void tst_TaskObserver::geometryIsSavedAndRestored()
+void tst_TaskObserver::geometryIsKept()
 {
     {
         TaskObserverDialog dialog(_observer, nullptr);
@@ -614,9 +471,7 @@ void tst_TaskObserver::geometryIsSavedAndRestored()
         dialog.resize(640, 410);
         QTRY_COMPARE(dialog.size(), QSize(640, 410));
     }
-    QVERIFY(QSettings().contains(QStringLiteral("taskObserverDialog/taskObserverDialogGeometry")));
-    TaskObserverDialog restored(_observer, nullptr);
-    QCOMPARE(restored.size(), QSize(640, 410));
+    QCOMPARE(TaskObserverDialog(_observer, nullptr).size(), QSize(640, 410));
 }
 
 QTEST_MAIN(tst_TaskObserver)

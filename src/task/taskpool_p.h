@@ -1,0 +1,16 @@
+#pragma once
+
+// Private to the task subsystem; never installed.
+
+class AbstractTask;
+
+namespace TaskPool {
+
+/**
+ * The task whose completion this thread handed over last (AbstractTask::run() posted it, or
+ * deleted it with no observer left). A worker clears it before each run(), so that after a
+ * run() that throws it knows whether the task is still its own.
+ */
+const AbstractTask *&lastHandedOver();
+
+} // namespace TaskPool
