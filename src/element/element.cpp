@@ -40,8 +40,8 @@ Element::~Element()
 
 void Element::insert(int pos, const QList<TreeNode *> &nodes)
 {
-    TreeNode::insert(pos, nodes);
-    ElementTreeNotify::notify(nodes, InsertedOperation);
+    ElementTreeNotify::insert(
+        this, pos, nodes, [this](int p, const QList<TreeNode *> &n) { TreeNode::insert(p, n); });
 }
 
 void Element::removeAt(int pos, int count)

@@ -318,8 +318,21 @@ void TreeNodeModel::nodeChildsDataChanged(TreeNode *node)
     emit dataChanged(index(0, 0, nodeIndex), index(rows - 1, columnCount() - 1, nodeIndex), {});
 }
 
+void TreeNodeModel::vertexNodeDestroyed(QObject *object)
+{
+    // Only the address is left: the node's own parts are gone, so nothing of it may be read.
+    // What was shown from it cannot be announced row by row any more; views start over.
+    beginResetModel();
+    if (object == _rootNode)
+        _rootNode = nullptr;
+    _extraRootChildNodes.removeAll(static_cast<TreeNode *>(object));
+    _rowHints.clear();
+    endResetModel();
+}
+
 void TreeNodeModel::connectVertexNode(TreeNode *node)
 {
+    connect(node, &QObject::destroyed, this, &TreeNodeModel::vertexNodeDestroyed);
     connect(node, &TreeNode::nodesAboutToBeInserted, this, &TreeNodeModel::nodesAboutToBeInserted);
     connect(node, &TreeNode::nodesAboutToBeRemoved, this, &TreeNodeModel::nodesAboutToBeRemoved);
     connect(node, &TreeNode::nodesInserted, this, &TreeNodeModel::nodesInserted);
@@ -330,6 +343,7 @@ void TreeNodeModel::connectVertexNode(TreeNode *node)
 
 void TreeNodeModel::disconnectVertexNode(TreeNode *node)
 {
+    disconnect(node, &QObject::destroyed, this, &TreeNodeModel::vertexNodeDestroyed);
     disconnect(node, &TreeNode::nodesAboutToBeInserted, this,
                &TreeNodeModel::nodesAboutToBeInserted);
     disconnect(node, &TreeNode::nodesAboutToBeRemoved, this, &TreeNodeModel::nodesAboutToBeRemoved);

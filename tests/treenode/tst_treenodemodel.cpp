@@ -67,8 +67,9 @@ private Q_SLOTS:
     void changes_data()
     {
         // tree; extras; change: "insert|remove <parent> <pos> <nodes|count>", "data|childs
-        // <node>" (its own or its children's data), "reload|pair <depth:parent:id ...>" (pair:
-        // within the reset pair); model rows; begin, data and reset signals; proxy rows
+        // <node>" (its own or its children's data), "delete <node>", "reload|pair <depth:parent:id
+        // ...>" (pair: within the reset pair); model rows; begin, data and reset signals; proxy
+        // rows
         table();
         const QString ab = "a[a1] b;; ";
         row("extras first", "a b; x y#1[y1];; [x y[y1] a b];; [x a b]");
@@ -107,6 +108,11 @@ private Q_SLOTS:
         row("root's children's data",
             "a b; e; childs root; [e a b]; dataChanged(e,0,b,0); [e a b]");
         row("no children's data", "a b;; childs b; [a b];; [a b]");
+        // Deleted while shown: the model starts over without the node.
+        row("delete the root",
+            "a[a1] b; e; delete root; []; aboutToBeRemoved(root,1,2) aboutToBeReset reset; []");
+        row("delete an extra",
+            "a; e[e1] f; delete e; [f a]; aboutToBeRemoved(e,0,0) aboutToBeReset reset; [f a]");
     }
     void changes()
     {
@@ -124,6 +130,8 @@ private Q_SLOTS:
             find(args.at(1))->emitNodeDataChanged();
         else if (verb == QLatin1String("childs"))
             find(args.at(1))->emitNodeChildsDataChanged();
+        else if (verb == QLatin1String("delete"))
+            delete find(args.at(1));
         else if (verb == QLatin1String("reload"))
             load(args.mid(1).join(' '));
         if (verb == QLatin1String("pair")) {
