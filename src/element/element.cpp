@@ -3,6 +3,7 @@
 #include "element/elementdata.h"
 #include "element/elementtreenotify_p.h"
 #include "plugin/module.h"
+#include "treenode/treenode_p.h"
 
 #include <QSet>
 
@@ -33,7 +34,10 @@ Element::~Element()
 {
     // Out of the tree first, so that nobody reaches the record while it is being deleted.
     dyingElements().insert(this);
-    TreeNode::reset();
+    {
+        OvtCommonPrivate::DyingNodeScope dying(this);
+        TreeNode::reset();
+    }
     dyingElements().remove(this);
     delete _elementData;
 }

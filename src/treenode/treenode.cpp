@@ -24,8 +24,31 @@ TreeNode::TreeNode(int expectedDepth, const QString &expectedParentId, QObject *
     , _expectedDepth(expectedDepth)
 { }
 
+namespace {
+
+thread_local const TreeNode *dyingNode = nullptr;
+
+} // namespace
+
+OvtCommonPrivate::DyingNodeScope::DyingNodeScope(const TreeNode *node)
+    : _previous(dyingNode)
+{
+    dyingNode = node;
+}
+
+OvtCommonPrivate::DyingNodeScope::~DyingNodeScope()
+{
+    dyingNode = _previous;
+}
+
+bool OvtCommonPrivate::DyingNodeScope::isDying(const TreeNode *node)
+{
+    return node == dyingNode;
+}
+
 TreeNode::~TreeNode()
 {
+    OvtCommonPrivate::DyingNodeScope dying(this);
     reset();
 }
 
@@ -114,8 +137,10 @@ void TreeNode::removeAt(int pos, int count)
     if (total == 0 || pos < 0 || pos >= total || count < 1)
         return;
     count = std::min(count, total - pos);
-    for (int i = pos; i < pos + count; ++i)
-        disconnectChildSignals(_childNodes.at(i));
+    if (!OvtCommonPrivate::DyingNodeScope::isDying(this)) {
+        for (int i = pos; i < pos + count; ++i)
+            disconnectChildSignals(_childNodes.at(i));
+    }
     emit nodesAboutToBeRemoved(this, pos, pos + count - 1);
     for (int i = 0; i < count; ++i)
         _childNodes.takeAt(pos)->setParentNode(nullptr);
