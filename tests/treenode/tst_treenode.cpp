@@ -98,18 +98,6 @@ private Q_SLOTS:
         QCOMPARE(recorder.log, heard);
     }
 
-    void signalsReachRootWithTheirArguments()
-    {
-        _root = buildTree("[a[a1[a11[a111]]] b]", _owner.get());
-        SignalRecorder recorder(_root);
-        find("a111")->emitNodeDataChanged();
-        find("a1")->emitNodeChildsDataChanged();
-        find("a11")->emitSetCurrentNode();
-        find("a")->emitExpandCurrentNode();
-        QCOMPARE(recorder.log,
-                 words("dataChanged(a111) childsDataChanged(a1) setCurrent(a11) expand(a)"));
-    }
-
     void directChildLookups()
     {
         _root = buildTree("[a[a1] b c]", _owner.get());
