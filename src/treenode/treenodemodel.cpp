@@ -322,10 +322,14 @@ void TreeNodeModel::vertexNodeDestroyed(QObject *object)
 {
     // Only the address is left: the node's own parts are gone, so nothing of it may be read.
     // What was shown from it cannot be announced row by row any more; views start over.
+    // Compared as QObject pointers: a cast down to the node's class would already read it.
     beginResetModel();
-    if (object == _rootNode)
+    if (static_cast<QObject *>(_rootNode) == object)
         _rootNode = nullptr;
-    _extraRootChildNodes.removeAll(static_cast<TreeNode *>(object));
+    for (int i = _extraRootChildNodes.size() - 1; i >= 0; --i) {
+        if (static_cast<QObject *>(_extraRootChildNodes.at(i)) == object)
+            _extraRootChildNodes.removeAt(i);
+    }
     _rowHints.clear();
     endResetModel();
 }
