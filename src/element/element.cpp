@@ -3,6 +3,7 @@
 #include "element/elementdata.h"
 #include "element/elementtreenotify_p.h"
 #include "plugin/module.h"
+#include "treenode/treenode_p.h"
 
 #include <QSet>
 
@@ -33,15 +34,18 @@ Element::~Element()
 {
     // Out of the tree first, so that nobody reaches the record while it is being deleted.
     dyingElements().insert(this);
-    TreeNode::reset();
+    {
+        OvtCommonPrivate::DyingNodeScope dying(this);
+        TreeNode::reset();
+    }
     dyingElements().remove(this);
     delete _elementData;
 }
 
 void Element::insert(int pos, const QList<TreeNode *> &nodes)
 {
-    TreeNode::insert(pos, nodes);
-    ElementTreeNotify::notify(nodes, InsertedOperation);
+    ElementTreeNotify::insert(
+        this, pos, nodes, [this](int p, const QList<TreeNode *> &n) { TreeNode::insert(p, n); });
 }
 
 void Element::removeAt(int pos, int count)

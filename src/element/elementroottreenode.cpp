@@ -8,8 +8,8 @@ ElementRootTreeNode::ElementRootTreeNode(QObject *parent)
 
 void ElementRootTreeNode::insert(int pos, const QList<TreeNode *> &nodes)
 {
-    TreeNode::insert(pos, nodes);
-    ElementTreeNotify::notify(nodes, InsertedOperation);
+    ElementTreeNotify::insert(
+        this, pos, nodes, [this](int p, const QList<TreeNode *> &n) { TreeNode::insert(p, n); });
 }
 
 void ElementRootTreeNode::removeAt(int pos, int count)

@@ -2,6 +2,7 @@
 
 #include "element/element.h"
 #include "plugin/module.h"
+#include "treenode/treenode_p.h"
 
 #include <algorithm>
 
@@ -17,6 +18,16 @@ inline void notify(const QList<TreeNode *> &nodes, OperationType operation)
         if (auto *element = qobject_cast<Element *>(node))
             element->module().performOperation(element, operation, nullptr, 0);
     }
+}
+
+// Only the nodes that the tree takes are announced: a skipped node (null, listed twice, or
+// closing a cycle) never entered it.
+template<typename Insert>
+void insert(TreeNode *parent, int pos, const QList<TreeNode *> &nodes, Insert insert)
+{
+    const QList<TreeNode *> taken = OvtCommonPrivate::insertableNodes(parent, nodes);
+    insert(pos, taken);
+    notify(taken, InsertedOperation);
 }
 
 // The range is clamped here rather than left to TreeNode::removeAt, since the removed nodes

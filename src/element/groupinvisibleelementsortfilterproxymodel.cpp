@@ -11,7 +11,10 @@ GroupInvisibleElementSortFilterProxyModel::GroupInvisibleElementSortFilterProxyM
     const QSet<int> &acceptColumns, QObject *parent)
     : ElementSortFilterProxyModel(acceptColumns, 0x1, parent)
     , _groupElementType(ContextOperation::undefinedElementType)
-{ }
+{
+    connect(this, &QAbstractProxyModel::sourceModelChanged, this,
+            [this] { _castSource = nullptr; });
+}
 
 QString GroupInvisibleElementSortFilterProxyModel::groupElementType() const
 {
@@ -29,13 +32,20 @@ void GroupInvisibleElementSortFilterProxyModel::setGroupElementType(const QStrin
 bool GroupInvisibleElementSortFilterProxyModel::filterAcceptsRow(
     int sourceRow, const QModelIndex &sourceParent) const
 {
-    if (!ElementSortFilterProxyModel::filterAcceptsRow(sourceRow, sourceParent))
+    // The base's judgement and the group's read the same node: it is looked up once.
+    const TreeNode *node = sourceRowNode(sourceRow, sourceParent);
+    if (!acceptsNodeFlags(node))
         return false;
     if (_groupElementType == ContextOperation::undefinedElementType)
         return true;
-    auto *source = dynamic_cast<const ElementModelExtension *>(sourceModel());
-    if (!source)
+    // An element model offers exactly the elements among its nodes; any other source none.
+    const TreeNodeModelExtension *source = sourceNodeModel();
+    if (source != _castSource) {
+        _elementSource = dynamic_cast<const ElementModelExtension *>(source);
+        _castSource = source;
+    }
+    if (!_elementSource)
         return true;
-    const Element *element = source->toElement(sourceModel()->index(sourceRow, 0, sourceParent));
+    const auto *element = qobject_cast<const Element *>(node);
     return !element || element->groupElementType() == _groupElementType;
 }

@@ -29,4 +29,9 @@ protected:
     bool filterAcceptsRow(int sourceRow, const QModelIndex &sourceParent) const override;
 
     QString _groupElementType;
+
+private:
+    // Whether the source is an element model, found once per source (see the base).
+    mutable const TreeNodeModelExtension *_castSource = nullptr;
+    mutable bool _elementSource = false;
 };

@@ -17,7 +17,8 @@ bool FilterTreeNodeSortFilterProxyModel::filterAcceptsRow(int sourceRow,
 {
     if (!TreeNodeSortFilterProxyModel::filterAcceptsRow(sourceRow, sourceParent))
         return false;
-    const QRegExp expression = filterRegExp();
+    // Not const: QString's search through a const expression copies it for every cell.
+    QRegExp expression = filterRegExp();
     if (expression.isEmpty() || !expression.isValid())
         return true;
 

@@ -1,12 +1,16 @@
 #include "treenode.h"
 
+#include "treenode/treenode_p.h"
+
 #include <QHash>
 #include <QMetaMethod>
 #include <QPointer>
+#include <QSet>
 #include <QStringView>
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <vector>
 
 TreeNode::TreeNode(QObject *parent)
@@ -20,8 +24,31 @@ TreeNode::TreeNode(int expectedDepth, const QString &expectedParentId, QObject *
     , _expectedDepth(expectedDepth)
 { }
 
+namespace {
+
+thread_local const TreeNode *dyingNode = nullptr;
+
+} // namespace
+
+OvtCommonPrivate::DyingNodeScope::DyingNodeScope(const TreeNode *node)
+    : _previous(dyingNode)
+{
+    dyingNode = node;
+}
+
+OvtCommonPrivate::DyingNodeScope::~DyingNodeScope()
+{
+    dyingNode = _previous;
+}
+
+bool OvtCommonPrivate::DyingNodeScope::isDying(const TreeNode *node)
+{
+    return node == dyingNode;
+}
+
 TreeNode::~TreeNode()
 {
+    OvtCommonPrivate::DyingNodeScope dying(this);
     reset();
 }
 
@@ -80,8 +107,9 @@ void TreeNode::insert(int pos, TreeNode *node)
     insert(pos, QList<TreeNode *> {node});
 }
 
-void TreeNode::insert(int pos, const QList<TreeNode *> &nodes)
+void TreeNode::insert(int pos, const QList<TreeNode *> &candidates)
 {
+    const QList<TreeNode *> nodes = OvtCommonPrivate::insertableNodes(this, candidates);
     if (nodes.isEmpty())
         return;
     pos = pos > 0 ? std::min(pos, childNodesCount()) : 0;
@@ -109,8 +137,10 @@ void TreeNode::removeAt(int pos, int count)
     if (total == 0 || pos < 0 || pos >= total || count < 1)
         return;
     count = std::min(count, total - pos);
-    for (int i = pos; i < pos + count; ++i)
-        disconnectChildSignals(_childNodes.at(i));
+    if (!OvtCommonPrivate::DyingNodeScope::isDying(this)) {
+        for (int i = pos; i < pos + count; ++i)
+            disconnectChildSignals(_childNodes.at(i));
+    }
     emit nodesAboutToBeRemoved(this, pos, pos + count - 1);
     for (int i = 0; i < count; ++i)
         _childNodes.takeAt(pos)->setParentNode(nullptr);
@@ -282,8 +312,14 @@ void TreeNode::loadTreeFromList(const QList<TreeNode *> &nodes)
 {
     clear();
 
+    // The root and the nodes above it can never hang below it: that would close a cycle.
+    QSet<const TreeNode *> above;
+    for (const TreeNode *node = this; node; node = node->_parentNode)
+        above.insert(node);
+
     // Sorted as (depth, id) keys held side by side: comparing them touches no node, which
-    // keeps the sort cache-friendly on big lists. The ids are not changed while loading.
+    // keeps the sort cache-friendly on big lists. The ids are not changed while loading. Equal
+    // keys are ordered by address, so a node listed twice ends up next to itself.
     struct Key
     {
         int depth;
@@ -293,8 +329,10 @@ void TreeNode::loadTreeFromList(const QList<TreeNode *> &nodes)
     std::vector<Key> sorted;
     sorted.reserve(nodes.size() + 1);
     sorted.push_back({_expectedDepth, QStringView(_id), this});
-    for (TreeNode *node : nodes)
-        sorted.push_back({node->_expectedDepth, QStringView(node->_id), node});
+    for (TreeNode *node : nodes) {
+        if (node && !above.contains(node))
+            sorted.push_back({node->_expectedDepth, QStringView(node->_id), node});
+    }
     std::sort(sorted.begin() + 1, sorted.end(), [](const Key &a, const Key &b) {
         if (a.depth != b.depth)
             return a.depth < b.depth;
@@ -307,13 +345,19 @@ void TreeNode::loadTreeFromList(const QList<TreeNode *> &nodes)
             if (x[k] != y[k])
                 return x[k].unicode() < y[k].unicode();
         }
-        return a.id.size() < b.id.size();
+        if (a.id.size() != b.id.size())
+            return a.id.size() < b.id.size();
+        return std::less<TreeNode *>()(a.node, b.node);
     });
+    sorted.erase(std::unique(sorted.begin(), sorted.end(),
+                             [](const Key &a, const Key &b) { return a.node == b.node; }),
+                 sorted.end());
 
     // A node may only hang under the depth run directly before its own. Rather than scanning
     // that run for every node, index it once by id when the next run begins; the first node of
     // the run with a given id wins, as a scan in list order would find it. Nodes that found no
     // place themselves are no candidates: they stay untouched, and their descendants stay out.
+    // Depths are compared in 64 bits: a run at INT_MAX has no next level, not INT_MIN.
     const int count = int(sorted.size());
     std::vector<char> inTree(sorted.size(), 0);
     inTree[0] = 1;
@@ -335,15 +379,19 @@ void TreeNode::loadTreeFromList(const QList<TreeNode *> &nodes)
             candidates.clear();
             candidates.reserve(currentRunStart - previousRunStart);
             for (int c = std::max(previousRunStart, 0); c < currentRunStart; ++c) {
-                if (inTree[c] && sorted[c].depth + 1 == currentDepth
+                if (inTree[c] && qint64(sorted[c].depth) + 1 == currentDepth
                     && !candidates.contains(sorted[c].node->_id))
                     candidates.insert(sorted[c].node->_id, sorted[c].node);
             }
         }
-        if (TreeNode *parent = candidates.value(node->_expectedParentId)) {
-            // The same call as append(node): overrides of insert() see every insertion.
-            single[0] = node;
-            parent->insert(parent->childNodesCount(), single);
+        TreeNode *parent = candidates.value(node->_expectedParentId);
+        if (!parent)
+            continue;
+        // The same call as append(node): overrides of insert() see every insertion.
+        single[0] = node;
+        parent->insert(parent->childNodesCount(), single);
+        // insert() refuses a node that would close a cycle through parents set by hand.
+        if (node->_parentNode == parent) {
             attached.append(node);
             inTree[i] = 1;
         }

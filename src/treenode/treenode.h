@@ -42,6 +42,10 @@ public:
      * Inserts @p nodes at @p pos, clamped to [0, childNodesCount()]. An empty list does
      * nothing. Emits nodesAboutToBeInserted() and nodesInserted(), and only then connects the
      * new children's signals. The nodes' previous parents are not told.
+     *
+     * Skipped, with the tree left as it was for them: a null node, a node listed twice (the
+     * first stays), a node that already is a child of this one, and this node itself or one
+     * of its ancestors (a cycle). When nothing is left, nothing is emitted.
      */
     virtual void insert(int pos, const QList<TreeNode *> &nodes);
     /**
@@ -85,6 +89,10 @@ public:
      * id, and each is appended under the first node of the depth run just before its own whose
      * id is its expected parent id. Unmatched nodes are left out and stay the caller's. Every
      * attached node then gets afterLoad(), in the order of attaching.
+     *
+     * Null entries, repeated entries (the node is placed once), this node and its ancestors
+     * are skipped. Any expected depth is allowed, INT_MIN and INT_MAX included: a run at
+     * INT_MAX simply has no level below it.
      */
     void loadTreeFromList(const QList<TreeNode *> &nodes);
 

@@ -318,8 +318,25 @@ void TreeNodeModel::nodeChildsDataChanged(TreeNode *node)
     emit dataChanged(index(0, 0, nodeIndex), index(rows - 1, columnCount() - 1, nodeIndex), {});
 }
 
+void TreeNodeModel::vertexNodeDestroyed(QObject *object)
+{
+    // Only the address is left: the node's own parts are gone, so nothing of it may be read.
+    // What was shown from it cannot be announced row by row any more; views start over.
+    // Compared as QObject pointers: a cast down to the node's class would already read it.
+    beginResetModel();
+    if (static_cast<QObject *>(_rootNode) == object)
+        _rootNode = nullptr;
+    for (int i = _extraRootChildNodes.size() - 1; i >= 0; --i) {
+        if (static_cast<QObject *>(_extraRootChildNodes.at(i)) == object)
+            _extraRootChildNodes.removeAt(i);
+    }
+    _rowHints.clear();
+    endResetModel();
+}
+
 void TreeNodeModel::connectVertexNode(TreeNode *node)
 {
+    connect(node, &QObject::destroyed, this, &TreeNodeModel::vertexNodeDestroyed);
     connect(node, &TreeNode::nodesAboutToBeInserted, this, &TreeNodeModel::nodesAboutToBeInserted);
     connect(node, &TreeNode::nodesAboutToBeRemoved, this, &TreeNodeModel::nodesAboutToBeRemoved);
     connect(node, &TreeNode::nodesInserted, this, &TreeNodeModel::nodesInserted);
@@ -330,6 +347,7 @@ void TreeNodeModel::connectVertexNode(TreeNode *node)
 
 void TreeNodeModel::disconnectVertexNode(TreeNode *node)
 {
+    disconnect(node, &QObject::destroyed, this, &TreeNodeModel::vertexNodeDestroyed);
     disconnect(node, &TreeNode::nodesAboutToBeInserted, this,
                &TreeNodeModel::nodesAboutToBeInserted);
     disconnect(node, &TreeNode::nodesAboutToBeRemoved, this, &TreeNodeModel::nodesAboutToBeRemoved);

@@ -13,6 +13,9 @@ class TreeNode;
  * Every answer is read from the nodes; the node signals that arrive at the root become the
  * model's notifications. Extra root child nodes are shown as the first top-level rows without
  * being children of the root. An index's internal pointer is the parent node of its row.
+ *
+ * Neither the root nor the extra nodes are owned, yet either may be deleted while shown: the
+ * model then resets, forgetting the deleted node (without its root the model is empty).
  */
 class OVTCOMMON_EXPORT TreeNodeModel : public QAbstractItemModel,
                                        public virtual TreeNodeModelExtension
@@ -68,6 +71,7 @@ public Q_SLOTS:
     void nodeChildsDataChanged(TreeNode *node);
 
 private:
+    void vertexNodeDestroyed(QObject *object);
     void connectVertexNode(TreeNode *node);
     void disconnectVertexNode(TreeNode *node);
     int rowOf(TreeNode *node, TreeNode *parent) const;

@@ -12,7 +12,11 @@ TreeNodeSortFilterProxyModel::TreeNodeSortFilterProxyModel(const QSet<int> &acce
     : QSortFilterProxyModel(parent)
     , _specialFlagsFilter(specialFlagsFilter)
     , _acceptColumns(acceptColumns)
-{ }
+{
+    // A new source may take the address of a destroyed one; the cast is then made again.
+    connect(this, &QAbstractProxyModel::sourceModelChanged, this,
+            [this] { _castSource = nullptr; });
+}
 
 int TreeNodeSortFilterProxyModel::specialFlagsFilter() const
 {
@@ -62,13 +66,26 @@ bool TreeNodeSortFilterProxyModel::filterAcceptsColumn(int sourceColumn, const Q
     return _acceptColumns.isEmpty() || _acceptColumns.contains(sourceColumn);
 }
 
-bool TreeNodeSortFilterProxyModel::filterAcceptsRow(int sourceRow,
-                                                    const QModelIndex &sourceParent) const
+const TreeNodeModelExtension *TreeNodeSortFilterProxyModel::sourceNodeModel() const
 {
-    const TreeNodeModelExtension *extension = OvtCommonPrivate::sourceExtension(this);
-    if (!extension)
-        return true;
-    const TreeNode *node = extension->toTreeNode(sourceModel()->index(sourceRow, 0, sourceParent));
+    const QAbstractItemModel *source = sourceModel();
+    if (source != _castSource) {
+        _sourceNodeModel = dynamic_cast<const TreeNodeModelExtension *>(source);
+        _castSource = source;
+    }
+    return _sourceNodeModel;
+}
+
+TreeNode *TreeNodeSortFilterProxyModel::sourceRowNode(int sourceRow,
+                                                      const QModelIndex &sourceParent) const
+{
+    const TreeNodeModelExtension *extension = sourceNodeModel();
+    return extension ? extension->toTreeNode(sourceModel()->index(sourceRow, 0, sourceParent))
+                     : nullptr;
+}
+
+bool TreeNodeSortFilterProxyModel::acceptsNodeFlags(const TreeNode *node) const
+{
     if (!node)
         return true;
     const int flags = node->treeNodeSpecialFlags();
@@ -77,4 +94,10 @@ bool TreeNodeSortFilterProxyModel::filterAcceptsRow(int sourceRow,
     if (_specialFlagsFilter & 0x2)
         return flags & 0x2;
     return true;
+}
+
+bool TreeNodeSortFilterProxyModel::filterAcceptsRow(int sourceRow,
+                                                    const QModelIndex &sourceParent) const
+{
+    return acceptsNodeFlags(sourceRowNode(sourceRow, sourceParent));
 }

@@ -45,7 +45,19 @@ public:
 protected:
     bool filterAcceptsColumn(int sourceColumn, const QModelIndex &sourceParent) const override;
     bool filterAcceptsRow(int sourceRow, const QModelIndex &sourceParent) const override;
+    /** The source's node-tree interface, or null when the source is no node-tree model. */
+    const TreeNodeModelExtension *sourceNodeModel() const;
+    /** The node of source row @p sourceRow under @p sourceParent; null when there is none. */
+    TreeNode *sourceRowNode(int sourceRow, const QModelIndex &sourceParent) const;
+    /** Whether the special flags let a row with @p node through (null passes). */
+    bool acceptsNodeFlags(const TreeNode *node) const;
 
     int _specialFlagsFilter;
     QSet<int> _acceptColumns;
+
+private:
+    // The source's interface, found once per source: the cast across the class hierarchy on
+    // every row cost more than the rest of judging it.
+    mutable const QAbstractItemModel *_castSource = nullptr;
+    mutable const TreeNodeModelExtension *_sourceNodeModel = nullptr;
 };

@@ -74,7 +74,6 @@ private Q_SLOTS:
     void containerRearms();
     void treeNotifiesModules_data();
     void treeNotifiesModules();
-    void ownsItsData();
     void kinds_data();
     void kinds();
     void changeDisplay_data();
@@ -107,11 +106,6 @@ void tst_Element::roles()
     middle.clear();
     QCOMPARE(leaf->groupElementType(), QString("Undefined"));
     delete leaf;
-
-    ElementRootTreeNode root;
-    QCOMPARE(root.headerData(0, Qt::Horizontal).toString(), QString("Name"));
-    QVERIFY(!root.headerData(0, Qt::Vertical).isValid());
-    QVERIFY(!root.headerData(1, Qt::Horizontal).isValid());
 }
 
 void tst_Element::titleEditabilityAndWidgets()
@@ -209,20 +203,6 @@ void tst_Element::treeNotifiesModules()
         QCOMPARE(_module->log, OvtTest::words(removed));
         parent->clear();
     }
-}
-
-void tst_Element::ownsItsData()
-{
-    struct Record : ElementData
-    {
-        bool *deleted = nullptr;
-        ~Record() override { *deleted = true; }
-    };
-    bool deleted = false;
-    auto *record = new Record;
-    record->deleted = &deleted;
-    std::make_unique<Plain>(*_module, "user", "alice")->setElementData(record);
-    QVERIFY(deleted);
 }
 
 void tst_Element::kinds_data()

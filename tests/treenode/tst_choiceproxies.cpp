@@ -136,16 +136,6 @@ private Q_SLOTS:
         }
     }
 
-    void stateIsAlwaysABool()
-    {
-        // A check-state role still reads as a bool. The model tester accepts it only because a
-        // ticked row converts to 1, which it takes for a partial check state.
-        setUp("a b", Qt::CheckStateRole);
-        _choice->setCheckedNames({"a"});
-        QCOMPARE(_choice->index(0, 0).data(Qt::CheckStateRole), QVariant(true));
-        QCOMPARE(_choice->index(1, 0).data(Qt::CheckStateRole), QVariant(false));
-    }
-
     void otherRolesAndColumnsPassThrough()
     {
         // Flat rows: only a one-column tree may nest under the model tester.
@@ -266,7 +256,8 @@ private Q_SLOTS:
         row("flag 1: only the filtering ones", "a#1 b#2 c; choice; a b;;; [a b] [c] [b] [c]");
         row("expression: only the filtering ones",
             tree + "choice; a a2 c;; ^[ab]; [a[a2] c] [b] [a[a2]] [b]");
-        // A bool read under Qt::CheckStateRole is never Qt::Checked: every row counts as unticked.
+        // The state is a bool even under Qt::CheckStateRole, never Qt::Checked: every row counts
+        // as unticked.
         row("check role", tree + "check; a a1 a2;;; [] [a[a1 a2] b c] [] [a[a1 a2] b c]");
     }
     void filterProxies()
@@ -290,9 +281,7 @@ private Q_SLOTS:
             "insert b 0 y; [a+[a1+ a2+!] b[y!] c]; [a[a1 a2]] [b[y] c]");
         row("insert middle: blocked, top",
             "insert root 1 y#1; [a+[a1+ a2+!] y+! b c]; [a[a1 a2] y] [b c]");
-        row("insert at 99: end", "insert root 99 z; [a+[a1+ a2+!] b c z]; [a[a1 a2]] [b c z]");
         row("remove: name stays ticked", "remove a 0 1; [a+[a2+!] b c]; [a[a2]] [b c]");
-        row("remove clamped", "remove root 1 9; [a+[a1+ a2+!]]; [a[a1 a2]] []");
         row("reload in the pair", "pair; [b x+[y+!]]; [x[y]] [b]");
     }
     void treeChanges()
@@ -325,10 +314,7 @@ private Q_SLOTS:
         QCOMPARE(_choice->toTreeNode(QModelIndex()), _root);
         for (const char *id : {"a", "a1", "b"})
             QCOMPARE(_choice->toTreeNode(choiceIndex(id)), findNode(_root, id));
-        QVERIFY(!_choice->treeNodeToIndex(new TestNode("stranger", _owner.get())).isValid());
         QCOMPARE(_choice->toTreeNode(_model->index(0, 0)), nullptr);
-        QCOMPARE(ticked->toTreeNode(ticked->treeNodeToIndex(findNode(_root, "a2"))),
-                 findNode(_root, "a2"));
         QVERIFY(!ticked->treeNodeToIndex(findNode(_root, "a1")).isValid()); // hidden
         QItemSelection selection(_choice->index(1, 0), _choice->index(1, 0));
         selection.select(_choice->index(0, 0), _choice->index(1, 0)); // b twice: once

@@ -42,6 +42,14 @@ private Q_SLOTS:
         row("insert deep",
             "[a[a1[a11]] b]; insert a1 1 x[x1]; [a[a1[a11 x[x1]]] b]; aboutToBeInserted(a1,1,1) "
             "inserted");
+        // "@name" is a node already built (null for "@null"): a fresh one listed again, a child
+        // or an ancestor. Such nodes are skipped; when none is left nothing is emitted.
+        row("insert skips null, repeats and children",
+            "[a b]; insert root 1 x @null @x @a y; [a x y b]; aboutToBeInserted(root,1,2) "
+            "inserted");
+        row("insert skips itself and ancestors",
+            "[a[a1[a11]]]; insert a11 0 @a11 @a1 @a @root; "
+            "[a[a1[a11]]];");
         row("remove clamped", five + "remove root 2 10; [a b]; aboutToBeRemoved(root,2,4) removed");
         row("remove at count", five + "remove root 5 1; " + five);
         row("remove at -1", five + "remove root -1 3; " + five);
@@ -56,12 +64,23 @@ private Q_SLOTS:
         const QStringList args = words(change);
         TreeNode *parent = find(args.at(1));
         const bool insert = args.first() == QLatin1String("insert");
-        const QList<TreeNode *> fresh
-            = insert ? buildNodes(args.mid(3).join(' '), _owner.get()) : QList<TreeNode *>();
+        QList<TreeNode *> fresh;
+        QList<TreeNode *> listed;
+        for (const QString &word : args.mid(insert ? 3 : 4)) {
+            if (!word.startsWith('@'))
+                fresh += buildNodes(word, _owner.get());
+            const QString id = word.mid(1);
+            auto known = std::find_if(fresh.begin(), fresh.end(),
+                                      [&](TreeNode *node) { return node->id() == id; });
+            listed += !word.startsWith('@') ? fresh.last()
+                : known != fresh.end()      ? *known
+                : id == "null"              ? nullptr
+                                            : find(id);
+        }
         const QList<TreeNode *> nodes = parent->childNodes() + fresh;
         SignalRecorder recorder(_root);
         if (insert)
-            parent->insert(args.at(2).toInt(), fresh);
+            parent->insert(args.at(2).toInt(), listed);
         else
             parent->removeAt(args.at(2).toInt(), args.at(3).toInt());
         QCOMPARE(treeToString(_root), expectedTree);
@@ -77,18 +96,6 @@ private Q_SLOTS:
                 heard << "dataChanged(" + node->id() + ')';
         }
         QCOMPARE(recorder.log, heard);
-    }
-
-    void signalsReachRootWithTheirArguments()
-    {
-        _root = buildTree("[a[a1[a11[a111]]] b]", _owner.get());
-        SignalRecorder recorder(_root);
-        find("a111")->emitNodeDataChanged();
-        find("a1")->emitNodeChildsDataChanged();
-        find("a11")->emitSetCurrentNode();
-        find("a")->emitExpandCurrentNode();
-        QCOMPARE(recorder.log,
-                 words("dataChanged(a111) childsDataChanged(a1) setCurrent(a11) expand(a)"));
     }
 
     void directChildLookups()
@@ -169,15 +176,33 @@ private Q_SLOTS:
         row("children of an unmatched node", "1:nope:a 2:a:a1 3:a1:a11 1::b; [b]; b; a a1 a11");
         row("skipped level", "1::a 3:a:x; [a]; a; x");
         row("parent two runs back", "1::a 2:a:b 3:a:c; [a[b]]; a b; c");
+        // "null", "again" (the previous node once more), "root" and "top" (above the root)
+        // are skipped; "max" gives the root the depth INT_MAX, whose next level does not exist.
+        row("null, repeats, root and above",
+            "1::a again null root 2:a:a1 again top; [a[a1]]; a a1;");
+        row("extreme depths", "max -2147483648::a 2147483647::b; []; ; a b");
     }
     void loadTreeFromList()
     {
         const auto [input, expectedTree, expectedAfterLoad, leftOut] = fields<4>();
-        _root = new TestNode(0, QString(), QString(), _owner.get());
+        const bool max = input.startsWith("max");
+        _root = new TestNode(max ? INT_MAX : 0, QString(), QString(), _owner.get());
+        auto *top = new TestNode("top", _owner.get());
+        top->append(_root);
         TreeNode *old = buildNodes("old[o1]", _owner.get()).first();
         _root->append(old);
-        const QList<TreeNode *> nodes = listNodes(input, _owner.get());
-        _root->loadTreeFromList(nodes);
+        QList<TreeNode *> nodes;
+        QList<TreeNode *> listed;
+        for (const QString &word : words(input).mid(max ? 1 : 0)) {
+            if (word.contains(':'))
+                nodes += listNodes(word, _owner.get());
+            listed += word == "null" ? nullptr
+                : word == "root"     ? _root
+                : word == "top"      ? top
+                : word == "again"    ? listed.last()
+                                     : nodes.last();
+        }
+        _root->loadTreeFromList(listed);
 
         QCOMPARE(treeToString(_root), expectedTree);
         QCOMPARE(TestNode::afterLoadLog(), words(expectedAfterLoad)); // root gets none
