@@ -58,6 +58,10 @@
         <source>SQL request &apos;%1&apos; not mathed</source>
         <translation>Запрос SQL &apos;%1&apos; не сопоставлен</translation>
     </message>
+    <message>
+        <source>User name &apos;%1&apos; is not valid</source>
+        <translation>Недопустимое имя пользователя &apos;%1&apos;</translation>
+    </message>
 </context>
 <context>
     <name>PluginContainer</name>
@@ -72,6 +76,10 @@
     <message>
         <source>The error can be caused by missing package(s): %1.</source>
         <translation>Ошибка может быть вызвана отсутствием пакета (пакетов): %1.</translation>
+    </message>
+    <message>
+        <source>Not loaded because &apos;%1&apos; is not owned by root or is writable by group or others.</source>
+        <translation>Не загружен, так как владелец &apos;%1&apos; не root или запись в него разрешена группе или остальным.</translation>
     </message>
 </context>
 <context>
