@@ -413,52 +413,7 @@ private Q_SLOTS:
         QCOMPARE(_container->pluginPath(), path);
         QCOMPARE(dialog->findChild<QLineEdit *>("_pathLineEdit")->text(), path);
         dialog->close();
-    }
-
-    void dialogPicture()
-    {
         QSettings().remove("pluginDialog");
-        _container->loadPlugins(fixtureDir);
-        PluginDialog *dialog = shownDialog();
-        QVERIFY(dialog && QTest::qWaitForWindowExposed(dialog));
-        dialog->resize(900, 520);
-        for (auto *view : dialog->findChildren<QTreeView *>())
-            view->expandAll();
-
-        // The plug-in tab beside the module tab with the nested tree.
-        QImage picture(2 * dialog->width(), dialog->height(), QImage::Format_ARGB32);
-        QPainter painter(&picture);
-        for (int tab : {0, 1}) {
-            dialog->findChild<QTabWidget *>("_pluginTabWidget")->setCurrentIndex(tab);
-            QApplication::processEvents();
-            painter.drawImage(tab * dialog->width(), 0, dialog->grab().toImage());
-        }
-        // The failure text of the invalid plug-in is its tool tip: show it over its row, as
-        // hovering does, and paint it into the picture where it appears.
-        auto *view = dialog->findChild<QTreeView *>("_pluginTtreeView");
-        dialog->findChild<QTabWidget *>("_pluginTabWidget")->setCurrentIndex(0);
-        const QModelIndexList failed = view->model()->match(
-            view->model()->index(0, 1), Qt::ToolTipRole, "missing package", 1, Qt::MatchContains);
-        QCOMPARE(failed.size(), 1);
-        const QRect cell = view->visualRect(failed.first());
-        const QPoint at = view->viewport()->mapToGlobal(cell.center());
-        QToolTip::showText(at, failed.first().data(Qt::ToolTipRole).toString(), view);
-        const auto shownTip = [] {
-            for (QWidget *widget : QApplication::topLevelWidgets())
-                if (widget->inherits("QTipLabel") && widget->isVisible())
-                    return widget;
-            return static_cast<QWidget *>(nullptr);
-        };
-        QWidget *tip = nullptr;
-        QTRY_VERIFY((tip = shownTip()));
-        painter.begin(&picture);
-        painter.drawImage(tip->geometry().topLeft() - dialog->geometry().topLeft(),
-                          tip->grab().toImage());
-        painter.end();
-        QToolTip::hideText();
-        QVERIFY(picture.save(QStringLiteral(OVT_DIALOG_PNG)));
-
-        dialog->close();
         _container.reset(); // deletes the dialog, which keeps its geometry
         QVERIFY(!QSettings().value("pluginDialog/pluginDialogGeometry").toByteArray().isEmpty());
     }
