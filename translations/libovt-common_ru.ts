@@ -321,6 +321,10 @@ Continue without saving?</source>
             <source>SQL request '%1' not mathed</source>
             <translation>Запрос SQL '%1' не сопоставлен</translation>
         </message>
+        <message>
+            <source>User name '%1' is not valid</source>
+            <translation>Недопустимое имя пользователя '%1'</translation>
+        </message>
     </context>
     <context>
         <name>PluginContainer</name>
@@ -335,6 +339,10 @@ Continue without saving?</source>
         <message>
             <source>The error can be caused by missing package(s): %1.</source>
             <translation>Ошибка может быть вызвана отсутствием пакета (пакетов): %1.</translation>
+        </message>
+        <message>
+            <source>Not loaded because '%1' is not owned by root or is writable by group or others.</source>
+            <translation>Не загружен, так как владелец '%1' не root или запись в него разрешена группе или остальным.</translation>
         </message>
     </context>
     <context>

@@ -14,8 +14,49 @@
 #include <QJsonObject>
 #include <QMessageBox>
 #include <QPluginLoader>
+#include <QSet>
 
+#include <sys/stat.h>
+#include <unistd.h>
 #include <utility>
+
+namespace {
+
+// A file or directory root may trust: root's, and writable by nobody else. A directory above
+// the plug-in directory may also be world-writable with the sticky bit (like /tmp): there,
+// nobody can replace what root put in it.
+bool trusted(const QString &path, bool aboveStickyAllowed)
+{
+    struct stat status;
+    if (::lstat(QFile::encodeName(path).constData(), &status) != 0)
+        return false;
+    if (status.st_uid == 0 && (status.st_mode & (S_IWGRP | S_IWOTH)) == 0)
+        return true;
+    return aboveStickyAllowed && status.st_uid == 0 && S_ISDIR(status.st_mode)
+        && (status.st_mode & S_ISVTX);
+}
+
+// For a process running as root: the first path on the way from the plug-in directory down to
+// the real plug-in file that another user could have put there or can change; empty when there
+// is none. A file whose real path lies outside the plug-in directory is judged by every
+// directory above it.
+QString untrustedPathOnTheWay(const QString &pluginDir, const QString &realFile)
+{
+    const QString realDir = QFileInfo(pluginDir).canonicalFilePath();
+    const bool inside = !realDir.isEmpty() && realFile.startsWith(realDir + QLatin1Char('/'));
+    QString path = inside ? realDir : QString();
+    if (inside && !trusted(path, false))
+        return path;
+    const QStringList parts = realFile.mid(path.size()).split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    for (const QString &part : parts) {
+        path += QLatin1Char('/') + part;
+        if (!trusted(path, !inside && path != realFile))
+            return path;
+    }
+    return QString();
+}
+
+} // namespace
 
 PluginContainer::PluginContainer(QObject *parent)
     : NodeContainer(parent)
@@ -68,6 +109,8 @@ void PluginContainer::loadPlugins(const QString &path)
     }
 
     const QString iid = QStringLiteral(OVT_PLUGIN_IID);
+    const bool asRoot = ::geteuid() == 0;
+    QSet<QString> realFiles;
     QDirIterator it(path, QStringList {QStringLiteral("*.so")}, QDir::Files,
                     QDirIterator::Subdirectories);
     while (it.hasNext()) {
@@ -75,11 +118,30 @@ void PluginContainer::loadPlugins(const QString &path)
         QCoreApplication::processEvents();
         if (superseded())
             return;
+        // Another name (a link) of a file already tried would load the same instance again.
+        const QString realFile = QFileInfo(filePath).canonicalFilePath();
+        if (!realFile.isEmpty() && realFiles.contains(realFile))
+            continue;
+        realFiles.insert(realFile);
 
         auto *loader = new QPluginLoader(filePath, this);
         loader->setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
         _plugins.append(PluginEntry(loader, nullptr));
         const int entry = _plugins.size() - 1;
+
+        // Code that another user could have planted or changed never runs as root.
+        const QString untrusted
+            = asRoot && !realFile.isEmpty() ? untrustedPathOnTheWay(path, realFile) : QString();
+        if (!untrusted.isEmpty()) {
+            const QString why = tr("Not loaded because '%1' is not owned by root or is writable "
+                                   "by group or others.")
+                                    .arg(untrusted);
+            auto *record = new SimplePlugin(QFileInfo(filePath).fileName(), why);
+            record->setErrorDescription(why);
+            record->setAvailable(false);
+            _plugins[entry].second = record;
+            continue;
+        }
 
         // Checked before loading, so that foreign libraries never run any code here.
         if (loader->metaData().value(QStringLiteral("IID")).toString() != iid)

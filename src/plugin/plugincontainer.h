@@ -22,6 +22,14 @@ class PluginModel;
  * delivered it: the live plug-in, a SimplePlugin record (a plug-in without modules, or one
  * that failed its validity check, with the reason), or null (no plug-in of this interface, or
  * a library that did not load). Loading re-enters the event loop once per file and per module.
+ *
+ * Security guarantees: a process running with effective user id 0 never loads a plug-in file
+ * that is, or that lies below a directory (from the plug-in directory down, the plug-in
+ * directory included) that is, owned by another user than root or writable by group or others;
+ * the file's record is then a SimplePlugin that is not available and says why in one sentence.
+ * A world-writable directory with the sticky bit above the plug-in directory (such as /tmp)
+ * does not count. A file reached through a link is judged by its real path. Several names of
+ * one file (links) load it once: only the first name the iterator delivers gets a record.
  */
 class OVTCOMMON_EXPORT PluginContainer : public NodeContainer
 {

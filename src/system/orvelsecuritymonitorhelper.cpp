@@ -2,17 +2,12 @@
 
 #include "system/switchwidget.h"
 #include "system/switchwidgetbuilder.h"
+#include "system/systemparsers_p.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QJsonParseError>
-#include <QJsonValue>
 #include <QMessageBox>
 #include <QObject>
 #include <QProcess>
 
-#include <cmath>
 #include <stdexcept>
 
 namespace {
@@ -23,83 +18,6 @@ constexpr int switchesTimeoutMs = 10000;
 [[noreturn]] void fail(const QString &message)
 {
     throw std::runtime_error(message.toUtf8().toStdString());
-}
-
-QJsonDocument parseDocument(const QByteArray &json)
-{
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(json, &error);
-    if (error.error != QJsonParseError::NoError)
-        fail(QObject::tr("Json parse error:\n%1").arg(error.errorString()));
-    return document;
-}
-
-QJsonArray documentAsArray(const QJsonDocument &document)
-{
-    if (!document.isArray())
-        fail(QObject::tr("Expected json array"));
-    return document.array();
-}
-
-QJsonObject valueAsObject(const QJsonValue &value)
-{
-    if (!value.isObject())
-        fail(QObject::tr("Expected json object"));
-    return value.toObject();
-}
-
-QJsonValue requiredValue(const QJsonObject &object, const QString &key)
-{
-    if (!object.contains(key))
-        fail(QObject::tr("Json object should contain key '%1'").arg(key));
-    return object.value(key);
-}
-
-double valueAsNumber(const QJsonValue &value)
-{
-    if (!value.isDouble())
-        fail(QObject::tr("Expected double"));
-    return value.toDouble();
-}
-
-bool valueAsBool(const QJsonValue &value)
-{
-    // The tool writes flags as numbers; JSON true/false is not accepted.
-    if (!value.isDouble())
-        fail(QObject::tr("Expected bool (0/1)"));
-    return std::round(value.toDouble()) != 0.0;
-}
-
-QString valueAsString(const QJsonValue &value)
-{
-    if (!value.isString())
-        fail(QObject::tr("Expected string"));
-    return value.toString();
-}
-
-QString requiredId(const QJsonObject &object, const QString &key)
-{
-    return QString::number(valueAsNumber(requiredValue(object, key)), 'g', 6);
-}
-
-QString requiredString(const QJsonObject &object, const QString &key)
-{
-    return valueAsString(requiredValue(object, key));
-}
-
-bool requiredBool(const QJsonObject &object, const QString &key)
-{
-    return valueAsBool(requiredValue(object, key));
-}
-
-QString optionalString(const QJsonObject &object, const QString &key)
-{
-    return object.contains(key) ? requiredString(object, key) : QString();
-}
-
-bool optionalBool(const QJsonObject &object, const QString &key)
-{
-    return object.contains(key) && requiredBool(object, key);
 }
 
 } // namespace
@@ -149,50 +67,28 @@ QMap<SwitchGroup, SwitchWidget *> OrvelSecurityMonitorHelper::switches()
     delete _builder;
     _builder = new SwitchWidgetBuilder;
 
+    // The whole list is validated before the first widget exists, so a fault builds nothing.
+    const QList<Ovt::Internal::SwitchRecord> records
+        = Ovt::Internal::parseSwitches(call({QStringLiteral("switches")}, switchesTimeoutMs));
     QMultiMap<SwitchGroup, SwitchWidget *> widgets;
-    try {
-        const QJsonArray array
-            = documentAsArray(parseDocument(call({QStringLiteral("switches")}, switchesTimeoutMs)));
-        for (const QJsonValue &value : array) {
-            const QJsonObject object = valueAsObject(value);
-            const QString id = requiredId(object, QStringLiteral("id"));
-            const QString name = requiredString(object, QStringLiteral("name"));
-            const QString longName = requiredString(object, QStringLiteral("longname"));
-            const QString script = requiredString(object, QStringLiteral("script"));
-            const QString extra = optionalString(object, QStringLiteral("extra"));
-            const QString tooltip = optionalString(object, QStringLiteral("tooltip"));
-            const bool hasSlave = object.contains(QStringLiteral("slave"));
-            const QString slave
-                = hasSlave ? requiredId(object, QStringLiteral("slave")) : QString();
-            const SwitchGroup group
-                = optionalString(object, QStringLiteral("group")) == QLatin1String("console")
-                ? SwitchGroup::Console
-                : SwitchGroup::System;
-            const bool gray = optionalBool(object, QStringLiteral("gray"));
-            const bool enableNeedReboot = optionalBool(object, QStringLiteral("enableNeedReboot"));
-            const bool disableNeedReboot
-                = optionalBool(object, QStringLiteral("disableNeedReboot"));
-
-            _builder->setId(id);
-            _builder->setName(name);
-            _builder->setLongName(longName);
-            if (!extra.isEmpty())
-                _builder->setExtraText(extra);
-            _builder->setTooltip(tooltip.isEmpty() ? longName : tooltip);
-            if (hasSlave)
-                _builder->setSlave(slave);
-            _builder->setScript(script);
-            if (gray)
-                _builder->setGray(true);
-            _builder->setGroup(group);
-            if (enableNeedReboot || disableNeedReboot)
-                _builder->setRebootCase(enableNeedReboot, disableNeedReboot);
-            widgets.insert(group, _builder->buildAndClear());
-        }
-    } catch (...) {
-        // Nobody else holds the widgets of an abandoned list.
-        qDeleteAll(widgets);
-        throw;
+    for (const Ovt::Internal::SwitchRecord &r : records) {
+        // A record the builder rejected leaves its fields behind; none may reach this one.
+        _builder->clearFields();
+        _builder->setId(r.id);
+        _builder->setName(r.name);
+        _builder->setLongName(r.longName);
+        if (!r.extra.isEmpty())
+            _builder->setExtraText(r.extra);
+        _builder->setTooltip(r.tooltip.isEmpty() ? r.longName : r.tooltip);
+        if (r.hasSlave)
+            _builder->setSlave(r.slave);
+        _builder->setScript(r.script);
+        if (r.gray)
+            _builder->setGray(true);
+        _builder->setGroup(r.group);
+        if (r.enableNeedReboot || r.disableNeedReboot)
+            _builder->setRebootCase(r.enableNeedReboot, r.disableNeedReboot);
+        widgets.insert(r.group, _builder->buildAndClear());
     }
     return widgets;
 }

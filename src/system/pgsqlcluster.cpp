@@ -2,6 +2,7 @@
 
 #include "system/appexception.h"
 #include "system/process.h"
+#include "system/systemparsers_p.h"
 
 #include <QProcessEnvironment>
 #include <QRegularExpression>
@@ -10,20 +11,41 @@ namespace {
 
 const QString userQuery = QStringLiteral("SELECT u.usename FROM pg_catalog.pg_user u;");
 
-const QRegularExpression &clusterLinePattern()
+constexpr int maxIdentifierBytes = 63; // PostgreSQL's NAMEDATALEN - 1
+
+// Characters that keep their meaning inside a shell's double quotes.
+QString escapeForDoubleQuotes(const QString &text)
 {
-    static const QRegularExpression pattern(QStringLiteral(
-        "^(?P<version>.+)\\s+(?P<name>.+)\\s+(?P<port>\\d+)\\s+(?P<status>.+)\\s+(?P<owner>.+)"
-        "\\s+(?P<dataDirectory>.+)\\s+(?P<logFile>.+)$"));
-    return pattern;
+    QString escaped;
+    escaped.reserve(text.size());
+    for (const QChar c : text) {
+        if (c == QLatin1Char('\\') || c == QLatin1Char('"') || c == QLatin1Char('$')
+            || c == QLatin1Char('`'))
+            escaped += QLatin1Char('\\');
+        escaped += c;
+    }
+    return escaped;
 }
 
-const QRegularExpression &userListPattern()
+bool isPlainIdentifier(const QString &name)
 {
-    static const QRegularExpression pattern(
-        QStringLiteral("\\s*usename\\s*-+\\s*(?P<users>.*?)\\s*\\((?P<count>\\d+)\\s+rows?\\)\\s*"),
-        QRegularExpression::DotMatchesEverythingOption);
-    return pattern;
+    static const QRegularExpression plain(QStringLiteral("^[a-z_][a-z0-9_]*$"));
+    return plain.match(name).hasMatch();
+}
+
+// The user name as SQL: a plain identifier as it is (today's command lines stay the same),
+// anything else as a quoted identifier, so that it names exactly this role and nothing runs.
+QString userIdentifier(const QString &name)
+{
+    bool control = false;
+    for (const QChar c : name)
+        control = control || c.category() == QChar::Other_Control;
+    if (name.isEmpty() || name.toUtf8().size() > maxIdentifierBytes || control)
+        throw AppException(PgsqlCluster::tr("User name '%1' is not valid").arg(name));
+    if (isPlainIdentifier(name))
+        return name;
+    return QLatin1Char('"') + QString(name).replace(QLatin1Char('"'), QStringLiteral("\"\""))
+        + QLatin1Char('"');
 }
 
 } // namespace
@@ -36,18 +58,18 @@ PgsqlCluster::~PgsqlCluster() = default;
 
 PgsqlCluster *PgsqlCluster::fromString(const QString &line)
 {
-    const QRegularExpressionMatch match = clusterLinePattern().match(line);
-    if (!match.hasMatch())
+    Ovt::Internal::ClusterFields fields;
+    if (!Ovt::Internal::parseClusterLine(line, &fields))
         throw AppException(tr("Cluster info not valid '%1'").arg(line));
 
     auto *cluster = new PgsqlCluster;
-    cluster->_version = match.captured(QStringLiteral("version"));
-    cluster->_name = match.captured(QStringLiteral("name"));
-    cluster->_port = match.captured(QStringLiteral("port")).toInt(nullptr, 10);
-    cluster->_status = match.captured(QStringLiteral("status"));
-    cluster->_owner = match.captured(QStringLiteral("owner"));
-    cluster->_dataDirectory = match.captured(QStringLiteral("dataDirectory"));
-    cluster->_logFile = match.captured(QStringLiteral("logFile"));
+    cluster->_version = fields.version;
+    cluster->_name = fields.name;
+    cluster->_port = fields.port;
+    cluster->_status = fields.status;
+    cluster->_owner = fields.owner;
+    cluster->_dataDirectory = fields.dataDirectory;
+    cluster->_logFile = fields.logFile;
     return cluster;
 }
 
@@ -67,7 +89,10 @@ void PgsqlCluster::start() const
 
 QString PgsqlCluster::sqlRequest(const QString &sql) const
 {
-    const QString command = QStringLiteral("psql -p %1 -c \"%2\"").arg(QString::number(_port), sql);
+    // su hands the command to a shell: inside its double quotes only these four characters
+    // still mean something, so escaping them gives psql exactly the statement.
+    const QString command = QStringLiteral("psql -p %1 -c \"%2\"")
+                                .arg(QString::number(_port), escapeForDoubleQuotes(sql));
 
     // The user list is recognised by psql's header and row count, which must not be translated.
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -84,26 +109,22 @@ QString PgsqlCluster::sqlRequest(const QString &sql) const
 QStringList PgsqlCluster::usernames() const
 {
     const QString output = sqlRequest(userQuery);
-    const QRegularExpressionMatch match = userListPattern().match(output);
-    if (!match.hasMatch())
-        throw AppException(tr("SQL request '%1' not mathed").arg(userQuery));
-
     QStringList users;
-    const QStringList lines
-        = match.captured(QStringLiteral("users")).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    for (const QString &user : lines)
-        users.append(user.trimmed());
+    if (!Ovt::Internal::parseUserList(output, &users))
+        throw AppException(tr("SQL request '%1' not mathed").arg(userQuery));
     return users;
 }
 
 void PgsqlCluster::createUser(const QString &name) const
 {
+    const QString identifier = userIdentifier(name);
     if (!usernames().contains(name))
-        sqlRequest(QStringLiteral("create user %1;").arg(name));
+        sqlRequest(QStringLiteral("create user %1;").arg(identifier));
 }
 
 void PgsqlCluster::deleteUser(const QString &name) const
 {
+    const QString identifier = userIdentifier(name);
     if (usernames().contains(name))
-        sqlRequest(QStringLiteral("drop user %1;").arg(name));
+        sqlRequest(QStringLiteral("drop user %1;").arg(identifier));
 }

@@ -21,10 +21,11 @@ public:
     ~PgsqlCluster() override;
 
     /**
-     * Parses one listing line "version name port status owner data-directory log-file". The
-     * fields are matched greedily against the whole line, not split at blanks. Throws
-     * AppException ("Cluster info not valid '...'") when the line does not fit. The caller owns
-     * the new cluster, which has no parent.
+     * Parses one listing line "version name port status owner data-directory log-file". The line
+     * is split at runs of blanks, so the padded columns of a listing of several clusters come
+     * out right; the log file is the rest of the line. Throws AppException ("Cluster info not
+     * valid '...'") when the line has fewer columns or a port that is not decimal. The caller
+     * owns the new cluster, which has no parent.
      */
     static PgsqlCluster *fromString(const QString &line);
 
@@ -44,18 +45,27 @@ public:
 
     /**
      * Runs @p sql through psql on this cluster's port as the "postgres" user (via su) with
-     * untranslated psql messages, and returns psql's output. The SQL goes between double
-     * quotes of a shell command unescaped: pass only trusted text.
+     * untranslated psql messages, and returns psql's output. The SQL is put between double
+     * quotes of the shell command with \\, ", $ and ` escaped, so psql receives exactly @p sql
+     * and the shell runs nothing of it.
      */
     QString sqlRequest(const QString &sql) const;
 
     /** The database user names, in psql's order. */
     QStringList usernames() const;
 
-    /** Creates the user @p name unless it exists; @p name must be a plain identifier. */
+    /**
+     * Creates the user @p name unless it exists (compared case-sensitively with usernames()).
+     *
+     * Any name is safe: one of lower-case ASCII letters, digits and underscores, not starting
+     * with a digit, goes into the SQL as it is; any other is sent as a quoted identifier (an
+     * embedded " doubled), so the role is named exactly @p name ("Bob" stays "Bob") and no text
+     * of it runs as SQL or shell. Throws AppException before any process starts when @p name
+     * is empty, longer than 63 bytes in UTF-8 or holds a control character.
+     */
     void createUser(const QString &name) const;
 
-    /** Drops the user @p name if it exists; @p name must be a plain identifier. */
+    /** Drops the user @p name if it exists; names are treated as by createUser(). */
     void deleteUser(const QString &name) const;
 
 private:

@@ -5,42 +5,71 @@
 #include <QThreadPool>
 #include <QtConcurrent>
 
+namespace {
+
+// One read: a manager of its own, so that two reads never fill or delete one list, and the
+// watcher that reports it. A run lives until a later run has reported its clusters.
+class ReadRun : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit ReadRun(QObject *parent)
+        : QObject(parent)
+    { }
+
+    PgsqlManager manager;
+    QFutureWatcher<void> watcher {this}; // a child, so that its signal leads back to the run
+    bool reported = false;
+};
+
+} // namespace
+
 PgsqlManagerAsync::PgsqlManagerAsync(QObject *parent)
     : QObject(parent)
 {
     qRegisterMetaType<AppException>();
     qRegisterMetaType<QList<PgsqlCluster *>>();
-    connect(&_watcher, &QFutureWatcher<void>::finished, this,
-            &PgsqlManagerAsync::readClustersFinished);
 }
 
 PgsqlManagerAsync::~PgsqlManagerAsync()
 {
-    // The pool thread works on _manager; it must be done before the manager goes away.
-    _watcher.waitForFinished();
+    // Pool threads work on the runs' managers; they must be done before the runs go away.
+    const QList<ReadRun *> runs = findChildren<ReadRun *>(QString(), Qt::FindDirectChildrenOnly);
+    for (ReadRun *run : runs)
+        run->watcher.waitForFinished();
 }
 
 void PgsqlManagerAsync::startReadClusters()
 {
-    // Two runs at once would delete and fill the same cluster list from two threads; a run
-    // still in progress is finished first.
-    _watcher.waitForFinished();
-    _watcher.setFuture(QtConcurrent::run(QThreadPool::globalInstance(), this,
-                                         &PgsqlManagerAsync::performReadClusters));
-}
-
-void PgsqlManagerAsync::performReadClusters()
-{
-    try {
-        _manager.readClusters();
-    } catch (const AppException &e) {
-        // AppException does not survive the trip through the future (it would arrive as a
-        // plain QException), so its text travels by signal instead.
-        emit exceptionArise(e);
-    }
+    auto *run = new ReadRun(this);
+    connect(&run->watcher, &QFutureWatcher<void>::finished, this,
+            &PgsqlManagerAsync::readClustersFinished);
+    PgsqlManager *manager = &run->manager;
+    run->watcher.setFuture(QtConcurrent::run(QThreadPool::globalInstance(), [this, manager] {
+        try {
+            manager->readClusters();
+        } catch (const AppException &e) {
+            // AppException does not survive the trip through the future (it would arrive as a
+            // plain QException), so its text travels by signal instead.
+            emit exceptionArise(e);
+        }
+    }));
 }
 
 void PgsqlManagerAsync::readClustersFinished()
 {
-    emit clustersReaded(_manager.getClusters());
+    auto *run = qobject_cast<ReadRun *>(sender() ? sender()->parent() : nullptr);
+    if (!run)
+        return;
+    run->reported = true;
+    emit clustersReaded(run->manager.getClusters());
+    // The clusters reported before stay valid until now, as they did with one shared list.
+    const QList<ReadRun *> runs = findChildren<ReadRun *>(QString(), Qt::FindDirectChildrenOnly);
+    for (ReadRun *other : runs) {
+        if (other != run && other->reported)
+            other->deleteLater();
+    }
 }
+
+#include "pgsqlmanagerasync.moc"

@@ -17,7 +17,11 @@ class PgsqlCluster;
  * (then with the clusters read before the failure, usually none). A failure is reported first
  * by exceptionArise(), which is emitted from the pool thread: connect to it with a queued
  * connection (AppException is a registered meta-type) or with a receiver that accepts calls
- * from another thread. A second start waits for the run in progress and then watches the new one.
+ * from another thread.
+ *
+ * Each start runs with a list of its own and returns at once, also while another run is in
+ * progress: runs neither wait for each other nor share clusters, and each reports its own
+ * complete list, in the order the runs finish.
  */
 class OVTCOMMON_EXPORT PgsqlManagerAsync : public QObject
 {
@@ -28,11 +32,13 @@ public:
     /** Waits for a run still in progress. */
     ~PgsqlManagerAsync() override;
 
-    /** Starts a run on the global thread pool, after waiting for one still in progress. */
+    /** Starts a run on the global thread pool; never waits for a run in progress. */
     void startReadClusters();
 
 signals:
-    /** The clusters stay owned by this object and are deleted by the next run. */
+    /**
+     * The clusters stay owned by this object; they are deleted once a later run has reported.
+     */
     void clustersReaded(const QList<PgsqlCluster *> &clusters);
     void exceptionArise(const AppException &exception);
 
@@ -40,8 +46,7 @@ private slots:
     void readClustersFinished();
 
 private:
-    void performReadClusters();
-
+    // Unused since every run has a watcher and a manager of its own; kept so the layout stays.
     QFutureWatcher<void> _watcher;
     PgsqlManager _manager;
 };

@@ -16,6 +16,9 @@ Process &Process::simpleStart(const QString &program, const QStringList &argumen
                               bool checkExitCode)
 {
     start(program, arguments, QIODevice::ReadOnly);
+    // The child's input is an open pipe nobody writes to: a child that reads it would wait
+    // until the time-out. Closed, it reads end of file at once.
+    closeWriteChannel();
 
     QString command = program;
     if (!arguments.isEmpty())
@@ -29,7 +32,9 @@ Process &Process::simpleStart(const QString &program, const QStringList &argumen
     if (checkExitCode && exitCode() != 0) {
         QString message = tr("Process '%1' execute with error code '%2'")
                               .arg(command, QString::number(exitCode()));
-        const QString errorText = QString::fromLocal8Bit(readAllStandardError());
+        const QByteArray errorBytes = readAllStandardError();
+        // The QByteArray overload would stop at the first NUL byte.
+        const QString errorText = QString::fromLocal8Bit(errorBytes.constData(), errorBytes.size());
         if (!errorText.isEmpty())
             message += QStringLiteral(". %1").arg(errorText);
         throw AppException(message);
@@ -42,5 +47,5 @@ QString Process::output()
     const QByteArray bytes = readAllStandardOutput();
     if (bytes.isEmpty())
         return QString();
-    return QString::fromLocal8Bit(bytes);
+    return QString::fromLocal8Bit(bytes.constData(), bytes.size());
 }

@@ -25,8 +25,9 @@ public:
     explicit Process(QObject *parent = nullptr);
 
     /**
-     * Runs @p program with @p arguments (nothing is written to its standard input) and waits
-     * up to 30 seconds for it to finish.
+     * Runs @p program with @p arguments and waits up to 30 seconds for it to finish. Its
+     * standard input is closed at once, so a child that reads it sees end of file instead of
+     * waiting for the time-out.
      *
      * Throws AppException when the program cannot be started, does not finish in time or
      * crashes ("Process '...' not finished"), and, when @p checkExitCode is true, when it
@@ -37,6 +38,9 @@ public:
      */
     Process &simpleStart(const QString &program, const QStringList &arguments, bool checkExitCode);
 
-    /** Everything the child wrote to standard output; a null string when it wrote nothing. */
+    /**
+     * Everything the child wrote to standard output, every byte kept (NUL included); a null
+     * string when it wrote nothing.
+     */
     QString output();
 };

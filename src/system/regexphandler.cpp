@@ -6,6 +6,13 @@
 #include <QProcess>
 #include <QStringList>
 
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace {
 
 constexpr int copyTimeoutMs = 30000;
@@ -22,6 +29,14 @@ void appendFileError(QString &errors, const QFileDevice &file)
     appendError(errors,
                 QObject::tr("\"%1\" error %2\n%3")
                     .arg(file.fileName(), QString::number(int(file.error())), file.errorString()));
+}
+
+void appendSystemError(QString &errors, const QString &path, QFileDevice::FileError code, int error)
+{
+    appendError(
+        errors,
+        QObject::tr("\"%1\" error %2\n%3")
+            .arg(path, QString::number(int(code)), QString::fromLocal8Bit(strerror(error))));
 }
 
 void appendNotExists(QString &errors, const QString &path)
@@ -65,6 +80,87 @@ bool restoreContents(const QString &path, const QByteArray &original, QString &e
         return false;
     }
     return true;
+}
+
+// An open, exclusively locked descriptor of a regular file; closed (and unlocked) with it.
+struct LockedFile
+{
+    ~LockedFile()
+    {
+        if (fd >= 0)
+            ::close(fd);
+    }
+    int fd = -1;
+    struct stat status = {};
+};
+
+// Locks @p path for one rewrite. Rewriters of one file take turns on this lock; one that waited
+// checks that the path still names the file it locked (an earlier rewrite may have replaced
+// it) and locks again if not. Returns the errno of a failure, 0 on success.
+int lockFile(const QByteArray &path, LockedFile &locked)
+{
+    for (;;) {
+        // Non-blocking, so that a FIFO planted in place of the file cannot stall the open.
+        const int fd = ::open(path.constData(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC);
+        if (fd < 0)
+            return errno;
+        int result;
+        do
+            result = ::flock(fd, LOCK_EX);
+        while (result != 0 && errno == EINTR);
+        struct stat named;
+        if (result != 0 || ::fstat(fd, &locked.status) != 0) {
+            const int error = errno;
+            ::close(fd);
+            return error;
+        }
+        if (!S_ISREG(locked.status.st_mode)) {
+            ::close(fd);
+            return EINVAL;
+        }
+        if (::lstat(path.constData(), &named) == 0 && named.st_dev == locked.status.st_dev
+            && named.st_ino == locked.status.st_ino) {
+            locked.fd = fd;
+            return 0;
+        }
+        ::close(fd);
+    }
+}
+
+// Creates @p path as a new file only this process can open. Whatever stood there before (a
+// stale copy, or a link someone planted) is removed, never followed; if something is put back
+// in between, the exclusive create fails instead of writing through it.
+int createFresh(const QByteArray &path)
+{
+    struct stat old;
+    if (::lstat(path.constData(), &old) == 0 && !S_ISDIR(old.st_mode))
+        ::unlink(path.constData());
+    return ::open(path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
+}
+
+// Writes @p bytes into the new file @p fd, gives it @p owner's mode (and owner, when
+// @p keepOwner) and closes it. Returns the errno of a failure, 0 on success.
+int fillFresh(int fd, const QByteArray &bytes, const struct stat &owner, bool keepOwner)
+{
+    qint64 done = 0;
+    int error = 0;
+    while (done < bytes.size() && error == 0) {
+        const ssize_t n = ::write(fd, bytes.constData() + done, size_t(bytes.size() - done));
+        if (n > 0)
+            done += n;
+        else if (n < 0 && errno != EINTR)
+            error = errno;
+    }
+    // The owner first: changing it clears set-id bits that the mode then restores. Only root
+    // can give a file away; anybody else keeps the file as its own, as cp would.
+    if (error == 0 && keepOwner && ::fchown(fd, owner.st_uid, owner.st_gid) != 0
+        && !(errno == EPERM && ::geteuid() != 0))
+        error = errno;
+    if (error == 0 && ::fchmod(fd, owner.st_mode & 07777) != 0)
+        error = errno;
+    if (::close(fd) != 0 && error == 0)
+        error = errno;
+    return error;
 }
 
 } // namespace
@@ -120,25 +216,24 @@ bool RegExpHandler::rewriteSystemConfigureFile(const QString &path, RegExpHandle
         return false;
     }
 
-    // The temporary file starts as a copy so that it already has the file's mode and owner.
+    // A link is resolved once; from here on only the real file is read, locked and replaced.
+    const QString realPath = QFileInfo(path).canonicalFilePath();
     const QString tmpPath = QStringLiteral("%1.tmp").arg(path);
-    if (!safeCopy(path, tmpPath, errors))
+    LockedFile locked;
+    if (const int error = lockFile(QFile::encodeName(realPath), locked)) {
+        appendSystemError(errors, path, QFileDevice::OpenError, error);
         return false;
+    }
 
-    QFile in(path);
-    if (!in.open(QIODevice::ReadOnly)) {
+    QFile in;
+    if (!in.open(locked.fd, QIODevice::ReadOnly, QFileDevice::DontCloseHandle)) {
         appendFileError(errors, in);
         return false;
     }
-    QFile out(tmpPath);
-    if (!out.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-        appendFileError(errors, out);
-        return false;
-    }
-
-    // The original bytes are kept so that a final copy that fails half-way can be undone.
+    // Everything is produced in memory first: the temporary file is created only when there
+    // is something to put in it, and filled in one go.
     QByteArray original;
-    bool written = true;
+    QByteArray result;
     for (;;) {
         QByteArray line = in.readLine();
         if (line.isEmpty())
@@ -146,47 +241,51 @@ bool RegExpHandler::rewriteSystemConfigureFile(const QString &path, RegExpHandle
         original += line;
         const QString decoded = QString::fromLocal8Bit(line);
         if (!matches(handler, significantText(decoded))) {
-            written = written && writeAll(out, line);
+            result += line;
             continue;
         }
         const bool replaced = handler.handleRegExp(&line);
-        written = written && writeAll(out, line);
+        result += line;
         if (replaced) {
             const int hash = decoded.indexOf(QLatin1Char('#'));
             const QString comment = hash < 0 ? QString() : decoded.mid(hash).trimmed();
             if (!comment.isEmpty())
-                written = written && writeAll(out, '\t' + comment.toLocal8Bit());
-            written = written && writeAll(out, "\n");
+                result += '\t' + comment.toLocal8Bit();
+            result += '\n';
         }
     }
     if (in.error() != QFileDevice::NoError) {
-        appendFileError(errors, in);
+        appendSystemError(errors, path, QFileDevice::ReadError, EIO);
         return false;
     }
     QByteArray tail;
     if (handler.finalHandleRegExp(&tail))
-        written = written && writeAll(out, tail);
+        result += tail;
 
-    // A short write (a full disk) must never reach the configuration file.
-    if (!written || !out.flush()) {
-        appendFileError(errors, out);
+    const int tmpFd = createFresh(QFile::encodeName(tmpPath));
+    if (tmpFd < 0) {
+        appendSystemError(errors, tmpPath, QFileDevice::OpenError, errno);
         return false;
     }
-    in.close();
-    out.close();
+    // The copy gets the file's mode and owner, which cp then carries over to the file.
+    if (const int error = fillFresh(tmpFd, result, locked.status, true)) {
+        appendSystemError(errors, tmpPath, QFileDevice::WriteError, error);
+        return false;
+    }
 
     if (backup) {
         const QString backupPath = QStringLiteral("%1.bak").arg(path);
-        QFile::remove(backupPath);
-        QFile source(path);
-        if (!source.copy(backupPath)) {
-            appendFileError(errors, source);
+        const int backupFd = createFresh(QFile::encodeName(backupPath));
+        const int error
+            = backupFd < 0 ? errno : fillFresh(backupFd, original, locked.status, false);
+        if (error) {
+            appendSystemError(errors, path, QFileDevice::CopyError, error);
             return false;
         }
     }
 
-    if (!safeCopy(tmpPath, path, errors)) {
-        restoreContents(path, original, errors);
+    if (!safeCopy(tmpPath, realPath, errors)) {
+        restoreContents(realPath, original, errors);
         return false;
     }
 

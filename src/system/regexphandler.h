@@ -11,9 +11,20 @@
  * line against one regular expression and handing every matching line to a subclass.
  *
  * Comment-only and blank lines are never offered to the handler; the text after "#" is not
- * matched. Reading never changes the file. Rewriting works on a temporary copy "<file>.tmp" next
- * to the file and puts the result back with the system cp command, so the file keeps its mode
- * and owner; the file is left exactly as it was unless rewriting returns true.
+ * matched. Reading never changes the file. Rewriting writes the result into a temporary file
+ * "<file>.tmp" next to the file and puts it back with the system cp command, so the file keeps
+ * its mode and owner; the file is left exactly as it was unless rewriting returns true.
+ *
+ * Rewriting is safe in a directory that other users can write and from several threads or
+ * processes at once:
+ * - nothing found at "<file>.tmp" or "<file>.bak" is ever followed or written through: what is
+ *   there is removed (a directory is an error) and the file is created anew, exclusively and
+ *   without following links, before anything is written into it;
+ * - a file that is a symbolic link is resolved once, and its real file is read and rewritten
+ *   (the link stays a link; a real file that cannot be written is an error, not replaced);
+ * - rewrites of one file take turns on an advisory lock (flock) held on the real file from
+ *   reading it to putting the result back, so each sees the result of the one before and the
+ *   file always ends as one complete result.
  *
  * Failures are not thrown: each one appends a translated message to the caller's error text
  * (one message per line) and makes the call return false.
@@ -52,9 +63,10 @@ public:
 
     /**
      * Rewrites @p path through @p handler. With @p backup the previous contents are kept in
-     * "<path>.bak" (an older backup is replaced). On a failure the file is unchanged and the
-     * result is false. The one exception: when the file has been rewritten but "<path>.tmp"
-     * cannot be removed, the message is added and the result is still true.
+     * "<path>.bak" (an older backup is replaced; the backup keeps the mode, not the owner). On a
+     * failure the file is unchanged and the result is false. The one exception: when the file has
+     * been rewritten but "<path>.tmp" cannot be removed, the message is added and the result is
+     * still true.
      */
     static bool rewriteSystemConfigureFile(const QString &path, RegExpHandler &handler,
                                            QString &errors, bool backup);

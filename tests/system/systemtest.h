@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QFile>
+#include <QProcess>
 #include <QString>
+#include <QStringList>
 
 #include <cerrno>
 #include <cstring>
@@ -52,4 +54,13 @@ inline QString enterPrivateMountNamespace()
         return QStringLiteral("private mount namespace: %1")
             .arg(QString::fromLocal8Bit(strerror(errno)));
     return QString();
+}
+
+// Runs @p command as the unprivileged user "nobody"; true when it succeeded. Needs root.
+inline bool asNobody(const QStringList &command)
+{
+    return QProcess::execute("setpriv",
+                             QStringList {"--reuid=nobody", "--regid=nogroup", "--clear-groups"}
+                                 + command)
+        == 0;
 }

@@ -158,7 +158,15 @@ void TestOrvelSecurityMonitorHelper::switches_data()
             + sw({{"group", "console"}}, 4) + ']',
         "Console:4 Long Long s4; Console:3 Long Long s3; System:2 Long Long s2; System:1 Long Long "
         "s1");
-    row("empty name: null entry", '[' + sw({{"name", ""}}) + ']', "System:null");
+    // The builder refuses a switch without name, long name or script.
+    for (const char *key : {"name", "longname", "script"})
+        QTest::addRow("empty %s: null entry", key) << '[' + sw({{key, ""}}) + ']' << "System:null";
+    row("rejected record leaks nothing into the next",
+        '['
+            + sw({{"name", ""}, {"extra", "X"}, {"slave", 9}, {"gray", 1}, {"enableNeedReboot", 1}},
+                 1)
+            + ',' + sw({}, 2) + ']',
+        "System:2 Long Long s2; System:null");
     // Errors: every validation message, and each key through its own reader.
     QJsonParseError error;
     QJsonDocument::fromJson("[", &error);

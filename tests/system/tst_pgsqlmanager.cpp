@@ -42,6 +42,7 @@ struct FakeTools
     EnvVar logFile {"OVT_FAKE_LOG", QFile::encodeName(dir.filePath("log"))};
     EnvVar exit {"OVT_FAKE_EXIT", "0"};
     EnvVar err {"OVT_FAKE_STDERR", "no access\n"};
+    EnvVar gate {"OVT_FAKE_GATE", QFile::encodeName(dir.filePath("gate"))};
 };
 
 QString run(const QString &program, const QStringList &arguments, int *exitCode = nullptr)
@@ -58,7 +59,8 @@ QString run(const QString &program, const QStringList &arguments, int *exitCode 
 // A cluster for this run only, dropped with the guard; also drops those of killed runs.
 struct ThrowawayCluster
 {
-    ThrowawayCluster()
+    explicit ThrowawayCluster(const QString &suffix = QString())
+        : name(QStringLiteral("ovttest%1%2").arg(getpid()).arg(suffix))
     {
         const QStringList versions
             = QDir("/usr/lib/postgresql").entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
@@ -67,7 +69,7 @@ struct ThrowawayCluster
             error = "needs root, a PostgreSQL server and postgresql-common";
             return;
         }
-        const QRegularExpression stale("^(\\S+)\\s+(ovttest(\\d+))\\s");
+        const QRegularExpression stale("^(\\S+)\\s+(ovttest(\\d+)\\w*)\\s");
         for (const QString &l : run("pg_lsclusters", {"--no-header"}).split('\n')) {
             const QRegularExpressionMatch m = stale.match(l);
             if (m.hasMatch() && !QFile::exists("/proc/" + m.captured(3)))
@@ -85,7 +87,7 @@ struct ThrowawayCluster
         if (created)
             run("pg_dropcluster", {"--stop", version, name});
     }
-    QString version, name = QStringLiteral("ovttest%1").arg(getpid()), line, error;
+    QString version, name, line, error;
     bool created = false;
 };
 
@@ -96,18 +98,30 @@ class TestPgsqlManager : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase() { _cluster.reset(new ThrowawayCluster); }
-    void cleanupTestCase() { _cluster.reset(); }
+    void initTestCase()
+    {
+        _cluster.reset(new ThrowawayCluster);
+        // A second cluster makes pg_lsclusters pad its columns.
+        if (_cluster->created)
+            _second.reset(new ThrowawayCluster("padded"));
+    }
+    void cleanupTestCase()
+    {
+        _second.reset();
+        _cluster.reset();
+    }
     void readClustersAsync_data();
     void readClustersAsync();
     void usernames_data();
     void usernames();
+    void userSql_data();
+    void userSql();
     void allClustersWork();
     void realCluster();
 
 private:
     void checkRealCluster();
-    std::unique_ptr<ThrowawayCluster> _cluster;
+    std::unique_ptr<ThrowawayCluster> _cluster, _second;
 };
 
 void TestPgsqlManager::readClustersAsync_data()
@@ -122,10 +136,13 @@ void TestPgsqlManager::readClustersAsync_data()
         QTest::newRow(name) << QByteArray(output) << QByteArray(exitCode) << starts << log;
     };
     const char *two = "13  main    5432 online o /d /l\n\n15 b 2 down o /d15 /l15\n";
-    const QString read = "read(13  main | |5432|online|o|/d|/l;15|b|2|down|o|/d15|/l15)";
-    row("blank dropped, padding matched greedily", two, "0", 1, {read});
-    // Two runs filling one list at once would leave it doubled (or delete clusters twice).
-    row("second start waits and replaces", two, "0", 2, {read, read});
+    const QString read = "read(13|main|5432|online|o|/d|/l;15|b|2|down|o|/d15|/l15)";
+    row("blank dropped, padded columns split", two, "0", 1, {read});
+    // Neither start waits for the other, and each run reports a whole list of its own.
+    row("two runs at once", two, "0", 2, {read, read});
+    row("log file keeps its blanks, port decimal only",
+        "\t9 a 1 up o /d /l x  \n9 b 1e2 up o /d /l", "0", 1,
+        {"exception(Cluster info not valid '9 b 1e2 up o /d /l')", "read(9|a|1|up|o|/d|/l x)"});
     row("six fields: failure, clusters so far", "1 a 1 up o /d /l\n1 b 2 up o /d\n1 c 3 up o /d /l",
         "0", 1, {"exception(Cluster info not valid '1 b 2 up o /d')", "read(1|a|1|up|o|/d|/l)"});
     row("tool fails", "", "2", 1,
@@ -155,14 +172,12 @@ void TestPgsqlManager::readClustersAsync()
             QCOMPARE(c->thread(), QThread::currentThread());
         log << "read(" + describe(list) + ')';
     });
+    // Every run waits in the tool until all have started: a start that waited for the run in
+    // progress would never return before the tool gives up.
     for (int i = 0; i < starts; ++i)
         async.startReadClusters();
-    // The last run's result is always reported; an earlier one may be folded into it.
-    QTRY_VERIFY(!log.isEmpty() && log.last() == signalLog.last());
-    if (starts == 1)
-        QCOMPARE(log, signalLog);
-    for (const QString &entry : qAsConst(log))
-        QVERIFY2(signalLog.contains(entry), qPrintable(entry));
+    QVERIFY(writeFile(tools.dir.filePath("gate"), ""));
+    QTRY_COMPARE_WITH_TIMEOUT(log, signalLog, 20000);
     QCOMPARE(threads.count(QThread::currentThread()), threads.size());
 }
 
@@ -201,6 +216,49 @@ void TestPgsqlManager::usernames()
     QCOMPARE(tools.log(), QStringList("postgres|psql -p 5433 -c \"" + query + "\"|LC_MESSAGES=C"));
 }
 
+void TestPgsqlManager::userSql_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("sql"); // what the shell gets between its double quotes, or "!"
+
+    const auto row = [](const char *name, const QString &user, const char *sql) {
+        QTest::newRow(name) << user << sql;
+    };
+    row("plain: as it always was", "ovt_user9", "create user ovt_user9;");
+    row("63 bytes", QString(63, 'a'), qPrintable("create user " + QString(63, 'a') + ';'));
+    row("capitals quoted", "Bob", "create user \\\"Bob\\\";");
+    row("leading digit quoted", "9a", "create user \\\"9a\\\";");
+    row("command substitution", "$(touch x)", "create user \\\"\\$(touch x)\\\";");
+    row("backtick", "a`id`", "create user \\\"a\\`id\\`\\\";");
+    row("quote doubled", "x\"y", "create user \\\"x\\\"\\\"y\\\";");
+    row("backslash", "a\\b", "create user \\\"a\\\\b\\\";");
+    row("second statement", "x; alter user x superuser",
+        "create user \\\"x; alter user x superuser\\\";");
+    row("drop: dollar", "postgres$b", "drop user \\\"postgres\\$b\\\";");
+    row("empty", "", "!");
+    row("64 bytes", QString(62, 'a') + "\u00e9", "!");
+    row("control character", "a\tb", "!");
+}
+
+void TestPgsqlManager::userSql()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, sql);
+    const bool drop = sql.startsWith("drop");
+    FakeTools tools(" usename \n---------\n postgres\n " + name.toUtf8() + "x\n(2 rows)\n");
+    if (drop)
+        writeFile(tools.dir.filePath("output"), " usename\n--\n " + name.toUtf8() + "\n(1 row)\n");
+    std::unique_ptr<PgsqlCluster> cluster(PgsqlCluster::fromString("15 main 5433 online o /d /l"));
+    try {
+        drop ? cluster->deleteUser(name) : cluster->createUser(name);
+        QCOMPARE(tools.log().value(1), "postgres|psql -p 5433 -c \"" + sql + "\"|LC_MESSAGES=C");
+    } catch (const AppException &e) {
+        QCOMPARE(e.getText(), "User name '" + name + "' is not valid");
+        QCOMPARE(sql, "!");
+        QVERIFY(!QFile::exists(tools.dir.filePath("log"))); // refused before any process ran
+    }
+}
+
 void TestPgsqlManager::allClustersWork()
 {
     FakeTools tools("");
@@ -228,6 +286,14 @@ void TestPgsqlManager::realCluster()
 void TestPgsqlManager::checkRealCluster()
 {
     QVERIFY(PgsqlManager().packagesInslled());
+    // The real listing of two clusters pads its columns; each still parses as listed alone.
+    PgsqlManager manager;
+    manager.readClusters();
+    for (const ThrowawayCluster *c : {_cluster.get(), _second.get()}) {
+        std::unique_ptr<PgsqlCluster> alone(PgsqlCluster::fromString(c->line));
+        QVERIFY2(describe(manager.getClusters()).split(';').contains(describe({alone.get()})),
+                 qPrintable(describe(manager.getClusters())));
+    }
     std::unique_ptr<PgsqlCluster> cluster(PgsqlCluster::fromString(_cluster->line));
     QVERIFY(!cluster->isWork());
     cluster->start();
@@ -242,6 +308,28 @@ void TestPgsqlManager::checkRealCluster()
     cluster->deleteUser("ovt_user");
     QCOMPARE(cluster->usernames(), before);
     cluster->deleteUser("ovt_user"); // unknown: no SQL, no error
+
+    // Hostile names name exactly one role each and run nothing.
+    const QString marker = QStringLiteral("/tmp/ovt-injected-%1").arg(getpid());
+    const QStringList hostile {"$(touch " + marker + ')',
+                               "a`touch " + marker + '`',
+                               "x\"y",
+                               "x; alter user x superuser",
+                               "Bob",
+                               "a$b"};
+    cluster->createUser("a");
+    for (const QString &name : hostile)
+        cluster->createUser(name);
+    QStringList all = cluster->usernames(), wanted = before + QStringList {"a"} + hostile;
+    all.sort();
+    wanted.sort();
+    QCOMPARE(all, wanted);
+    cluster->deleteUser("a$b");
+    QVERIFY(cluster->usernames().contains("a"));
+    for (const QString &name : hostile + QStringList {"a"})
+        cluster->deleteUser(name);
+    QCOMPARE(cluster->usernames(), before);
+    QVERIFY(!QFile::remove(marker));
     try {
         cluster->sqlRequest("select * from no_such_table;");
         QFAIL("no exception");

@@ -51,6 +51,8 @@ void TestProcess::simpleStart_data()
     row("stdout returned, stderr ignored", {"print", "hi\nyou", "warning"}, true, "hi\nyou");
     row("no output: null string", {"exit", "0"}, true, QString());
     row("arguments kept apart", {"args", "a b", "", "c"}, true, "[args][a b][][c]");
+    row("input closed: a reader ends", {"stdin"}, true, "read");
+    row("NUL byte kept", {"nul"}, true, QString::fromLatin1("a\0b", 3));
     row("exit code unchecked", {"exit", "5", "ignored"}, false, QString());
     row("stderr appended untrimmed", {"exit", "3", "full\n"}, true,
         "!Process '%C exit 3 full\n' execute with error code '3'. full\n");

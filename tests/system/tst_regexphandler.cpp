@@ -7,6 +7,7 @@
 #include <QtTest>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -58,9 +59,11 @@ private slots:
     void read();
     void rewrite_data();
     void rewrite();
-    void rewriteLargeFileKeepsModeOwnerAndReplacesBackup();
     void rewriteFailures_data();
     void rewriteFailures();
+    void hostileFiles_data();
+    void hostileFiles();
+    void concurrentRewritesLoseNothing();
 
 private:
     QScopedPointer<QTemporaryDir> _dir;
@@ -159,41 +162,6 @@ void TestRegExpHandler::rewrite()
     QVERIFY(!QFile::exists(_path + ".bak"));
 }
 
-void TestRegExpHandler::rewriteLargeFileKeepsModeOwnerAndReplacesBackup()
-{
-    // 100,000 lines mixing every kind of line of a real configuration file.
-    const char *kinds[]
-        = {"key%1 = %1\n", "# comment %1\n", "\n", "opt%1=x  # trailing\n", "\xff\xfe raw %1\n"};
-    QByteArray contents;
-    for (int i = 0; i < 100000; ++i)
-        contents += QByteArray(kinds[i % 5]).replace("%1", QByteArray::number(i));
-    const QByteArray file = QFile::encodeName(_path);
-    QVERIFY(writeFile(_path, contents));
-    QVERIFY(writeFile(_path + ".bak", "older\n"));
-    QCOMPARE(chmod(file.constData(), 0640), 0);
-    // As root the owner can be made someone else, which only cp --preserve keeps.
-    if (geteuid() == 0)
-        QCOMPARE(chown(file.constData(), 65534, 65534), 0);
-    struct stat before, after;
-    QCOMPARE(stat(file.constData(), &before), 0);
-
-    KeyValueHandler handler;
-    handler.replacements.insert("key50000", "key50000 = changed");
-    QString errors;
-    QVERIFY(RegExpHandler::rewriteSystemConfigureFile(_path, handler, errors, true));
-    QCOMPARE(errors, QString());
-    QByteArray expected = contents;
-    expected.replace("\nkey50000 = 50000\n", "\nkey50000 = changed\n");
-    QVERIFY(expected != contents);
-    QVERIFY(readFile(_path) == expected);
-    QVERIFY(readFile(_path + ".bak") == contents);
-    QCOMPARE(handler.seen.size(), 40000); // the "key" and "opt" lines, nothing else
-    QCOMPARE(stat(file.constData(), &after), 0);
-    QCOMPARE(after.st_mode & 07777, 0640u);
-    QCOMPARE(after.st_uid, before.st_uid);
-    QCOMPARE(after.st_gid, before.st_gid);
-}
-
 void TestRegExpHandler::rewriteFailures_data()
 {
     QTest::addColumn<QString>("obstacle"); // "cp:MODE": the fake cp in that mode
@@ -206,15 +174,13 @@ void TestRegExpHandler::rewriteFailures_data()
         QTest::newRow(name) << obstacle << backup << pattern << rewritten;
     };
     const QString cp = "Process: \"cp --force --preserve=mode,ownership ";
-    const QString toTmp = '^' + cp + "%P %P\\.tmp\"\\. ", back = '^' + cp + "%P\\.tmp %P\"\\. ";
+    const QString back = '^' + cp + "%P\\.tmp %P\"\\. ";
     const QString noSpace = "Exit code: 1\\.\n\"cp: error writing [^\n]*\n\"$";
 
     // Earlier errors stay, one line feed apart.
     row("file missing", "missing", false, "^earlier\n\"%P\" not exists$");
-    row("temporary copy fails", "dir:.tmp/service.conf/x", false,
-        toTmp + "Exit code: 1\\.\n\"[^\n]*cp: [^\n]*\n\"$");
-    row("cp cannot start", "nocp", true, toTmp + "Error: [^\n]*\\.\n\"Not started\"$");
-    row("temporary file cannot be opened", "dir:.tmp", false, "^\"%P\\.tmp\" error 5\n[^\n]+$");
+    row("cp cannot start", "nocp", true, back + "Error: [^\n]*\\.\n\"Not started\"$");
+    row("temporary file cannot be created", "dir:.tmp/x", false, "^\"%P\\.tmp\" error 5\n[^\n]+$");
     row("backup cannot be written", "dir:.bak/x", true, "^\"%P\" error [0-9]+\n[^\n]+$");
     row("final copy fails", "cp:fail", true, back + noSpace);
     row("final copy fails half-way: restored", "cp:partial", false, back + noSpace);
@@ -258,6 +224,108 @@ void TestRegExpHandler::rewriteFailures()
     else
         QCOMPARE(readFile(_path), rewritten ? changed : original);
     QVERIFY(backup || !QFile::exists(_path + ".bak"));
+}
+
+void TestRegExpHandler::hostileFiles_data()
+{
+    QTest::addColumn<QString>("plant"); // what "nobody" puts beside the file, or the target kind
+    QTest::addColumn<bool>("rewritten");
+
+    QTest::newRow("link planted at .tmp") << "tmp" << true;
+    QTest::newRow("link planted at .bak") << "bak" << true;
+    QTest::newRow("target: link to a writable file") << "link" << true;
+    QTest::newRow("target: link to an immutable file") << "link immutable" << false;
+}
+
+void TestRegExpHandler::hostileFiles()
+{
+    QFETCH(QString, plant);
+    QFETCH(bool, rewritten);
+    if (geteuid() != 0)
+        QSKIP("needs root to act as another user");
+
+    // Given a directory that "nobody" owns (as postgres owns its configuration directory), a
+    // file there that it owns too, and a file of root's elsewhere
+    const QString dir = _dir->filePath("conf"), victim = _dir->filePath("victim");
+    const QString conf = dir + "/app.conf", real = plant.startsWith("link") ? victim : conf;
+    QVERIFY(QFile::setPermissions(_dir->path(),
+                                  QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner
+                                      | QFile::ReadOther | QFile::ExeOther));
+    QVERIFY(QDir().mkdir(dir) && chown(QFile::encodeName(dir), 65534, 65534) == 0);
+    QVERIFY(writeFile(victim, "key = 1\n") && chmod(QFile::encodeName(victim), 0600) == 0);
+    if (real == conf)
+        QVERIFY(writeFile(conf, "key = 1\n") && chown(QFile::encodeName(conf), 65534, 65534) == 0
+                && chmod(QFile::encodeName(conf), 0640) == 0);
+    else
+        QVERIFY(QFile::link(victim, conf));
+    if (plant == "tmp" || plant == "bak")
+        QVERIFY(asNobody({"ln", "-s", victim, conf + '.' + plant}));
+    if (plant == "link immutable" && QProcess::execute("chattr", {"+i", victim}) != 0)
+        QSKIP("the file system of the temporary directory has no immutable files");
+
+    // When root rewrites the file with a backup
+    KeyValueHandler handler;
+    handler.replacements.insert("key", "key = 9");
+    QString errors;
+    const bool ok = RegExpHandler::rewriteSystemConfigureFile(conf, handler, errors, true);
+    if (plant == "link immutable")
+        QProcess::execute("chattr", {"-i", victim});
+
+    // Then only the real file changed, keeping its owner; nothing planted was followed
+    QCOMPARE(ok, rewritten);
+    QVERIFY2(ok == errors.isEmpty(), qPrintable(errors));
+    QCOMPARE(readFile(real), QByteArray(ok ? "key = 9\n" : "key = 1\n"));
+    if (real != victim)
+        QCOMPARE(readFile(victim), QByteArray("key = 1\n"));
+    QCOMPARE(QFileInfo(victim).ownerId(), 0u);
+    QCOMPARE(QFileInfo(conf).isSymLink(), real == victim);
+    QCOMPARE(QFileInfo(conf).ownerId(), real == victim ? 0u : 65534u);
+    struct stat status;
+    QCOMPARE(stat(QFile::encodeName(real).constData(), &status), 0);
+    QCOMPARE(status.st_mode & 0777, real == victim ? 0600u : 0640u);
+    // The backup replaced whatever stood at its name, and holds the previous contents.
+    QVERIFY(!QFileInfo(conf + ".bak").isSymLink());
+    QCOMPARE(readFile(conf + ".bak"), QByteArray("key = 1\n"));
+}
+
+void TestRegExpHandler::concurrentRewritesLoseNothing()
+{
+    // A handler that counts up, so that a lost or mixed rewrite shows in the final count.
+    struct Counter : RegExpHandler
+    {
+        Counter()
+            : RegExpHandler("^count = (\\d+)$")
+        { }
+        bool handleRegExp(QByteArray *line) override
+        {
+            if (line)
+                *line = "count = " + QByteArray::number(regExp().cap(1).toInt() + 1);
+            return line;
+        }
+    };
+    constexpr int threads = 4, rewrites = 8;
+    for (int trial = 0; trial < 5; ++trial) {
+        QVERIFY(writeFile(_path, "# counted\ncount = 0\n"));
+        QAtomicInt failures;
+        QList<QThread *> workers;
+        for (int t = 0; t < threads; ++t)
+            workers << QThread::create([this, &failures] {
+                for (int i = 0; i < rewrites; ++i) {
+                    Counter counter;
+                    QString errors;
+                    if (!RegExpHandler::rewriteSystemConfigureFile(_path, counter, errors, i % 2))
+                        failures.fetchAndAddOrdered(1);
+                }
+            });
+        for (QThread *worker : qAsConst(workers))
+            worker->start();
+        for (QThread *worker : qAsConst(workers))
+            QVERIFY(worker->wait());
+        qDeleteAll(workers);
+        QCOMPARE(failures.loadAcquire(), 0);
+        QCOMPARE(readFile(_path),
+                 "# counted\ncount = " + QByteArray::number(threads * rewrites) + '\n');
+    }
 }
 
 QTEST_GUILESS_MAIN(TestRegExpHandler)

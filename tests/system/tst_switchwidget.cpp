@@ -1,12 +1,9 @@
 #include "system/switchwidget.h"
-#include "system/switchwidgetbuilder.h"
 
 #include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QtTest>
-
-#include <memory>
 
 class TestSwitchWidget : public QObject
 {
@@ -15,8 +12,6 @@ class TestSwitchWidget : public QObject
 private slots:
     void behaviour_data();
     void behaviour();
-    void builder_data();
-    void builder();
 };
 
 void TestSwitchWidget::behaviour_data()
@@ -111,84 +106,6 @@ void TestSwitchWidget::behaviour()
     }
     QCOMPARE(seen.join(' '), log);
     QVERIFY(!check->signalsBlocked());
-}
-
-void TestSwitchWidget::builder_data()
-{
-    QTest::addColumn<QStringList>("fields"); // id name longName script ("-": empty), then extras
-    QTest::addColumn<QString>("widget"); // empty: null
-
-    const auto row = [](const char *name, const char *fields, const char *widget) {
-        QTest::newRow(name) << QString(fields).split(' ') << widget;
-    };
-    row("every field", "12 lock Shutdown lock.sh tip=t extra=e slave=3 console gray reboot",
-        "12 lock.sh Shutdown t e slave=3 Console gray reboot");
-    row("required fields only", "5 n L s", "5 s L System");
-    row("no id", "- n L s", "");
-    row("no name", "5 - L s", "");
-    row("no long name", "5 n - s", "");
-    row("no script", "5 n L -", "");
-}
-
-void TestSwitchWidget::builder()
-{
-    QFETCH(QStringList, fields);
-    QFETCH(QString, widget);
-
-    SwitchWidgetBuilder builder;
-    const auto setRequired = [&](const QStringList &f) {
-        builder.setId(f[0] == "-" ? "" : f[0]);
-        builder.setName(f[1] == "-" ? "" : f[1]);
-        builder.setLongName(f[2] == "-" ? "" : f[2]);
-        builder.setScript(f[3] == "-" ? "" : f[3]);
-    };
-    const auto describe = [](SwitchWidget *w) {
-        auto *check = w->findChild<QCheckBox *>("controlChB");
-        auto *label = w->findChild<QLabel *>("extraLbl");
-        w->setCheckedForced(true);
-        QStringList parts {w->getId(),
-                           w->getScript(),
-                           check->text(),
-                           check->toolTip(),
-                           label->isHidden() ? "" : label->text(),
-                           w->haveSlave() ? "slave=" + w->getSlaveId() : "",
-                           w->getGroup() == SwitchGroup::Console ? "Console" : "System",
-                           check->isEnabled() ? "" : "gray",
-                           w->needReboot() ? "reboot" : ""};
-        parts.removeAll("");
-        return parts.join(' ');
-    };
-    setRequired(fields);
-    for (const QString &extra : fields.mid(4)) {
-        const QString value = extra.section('=', 1);
-        if (extra.startsWith("tip="))
-            builder.setTooltip(value);
-        else if (extra.startsWith("extra="))
-            builder.setExtraText(value);
-        else if (extra.startsWith("slave="))
-            builder.setSlave(value);
-        else if (extra == "console")
-            builder.setGroup(SwitchGroup::Console);
-        else if (extra == "gray")
-            builder.setGray(true);
-        else if (extra == "reboot")
-            builder.setRebootCase(true, false);
-    }
-    if (widget.isEmpty())
-        builder.setSlave("9");
-    std::unique_ptr<SwitchWidget> w(builder.buildAndClear());
-    QCOMPARE(w ? describe(w.get()) : QString(), widget);
-    if (widget.isEmpty()) {
-        // The fields were kept: supplying only the missing one is enough.
-        setRequired(QString("5 n L s").split(' '));
-        w.reset(builder.buildAndClear());
-        QVERIFY(w && w->getSlaveId() == "9");
-        return;
-    }
-    // Cleared: a bare switch built next carries nothing over.
-    setRequired(QString("6 n L s").split(' '));
-    w.reset(builder.buildAndClear());
-    QCOMPARE(describe(w.get()), QStringLiteral("6 s L System"));
 }
 
 QTEST_MAIN(TestSwitchWidget)
