@@ -22,13 +22,6 @@ QSet<QString> names(const QString &text)
     return QSet<QString>(list.cbegin(), list.cend());
 }
 
-QString sorted(const QSet<QString> &set)
-{
-    QStringList list = set.values();
-    list.sort();
-    return list.join(' ');
-}
-
 // The rows a view shows, as the user sees them: "!" marks a disabled row.
 QString shown(const QAbstractItemModel *model, const QModelIndex &parent = {})
 {
@@ -45,9 +38,7 @@ QString shown(const QAbstractItemModel *model, const QModelIndex &parent = {})
 QModelIndex find(QAbstractItemView *view, const QString &name)
 {
     const QAbstractItemModel *model = view->model();
-    return model
-        ->match(model->index(0, 0), Qt::DisplayRole, name, 1, Qt::MatchExactly | Qt::MatchRecursive)
-        .value(0);
+    return model->match(model->index(0, 0), Qt::DisplayRole, name, 1, Qt::MatchRecursive).value(0);
 }
 
 // Clicks the check box of the row, where the style draws it.
@@ -103,19 +94,16 @@ private Q_SLOTS:
         table();
         // checked; blocked; steps; available view; chosen view; added; removed
         row("space ticks, a click unticks",
-            "users; ; +audio -users ok; [admins[wheel sudo] users "
-            "video]; [audio]; audio; users");
+            "users; ; +audio -users ok; [admins[wheel sudo] users video]; [audio]; audio; users");
         row("filter narrows both views, ancestors kept",
             "wheel; ; filter:E; [users video]; [admins[wheel]]; ; ");
         row("tick then untick leaves no difference",
-            "video; ; +audio -audio ok; "
-            "[admins[wheel sudo] users audio]; [video]; ; ");
+            "video; ; +audio -audio ok; [admins[wheel sudo] users audio]; [video]; ; ");
         row("blocked name follows its parent, disabled",
             "admins; wheel; -wheel -admins ok; [admins[wheel! sudo] users audio video]; []; ; "
             "admins");
         row("cancel puts the names back",
-            "users; ; +audio -users cancel; "
-            "[admins[wheel sudo] audio video]; [users]; ; ");
+            "users; ; +audio -users cancel; [admins[wheel sudo] audio video]; [users]; ; ");
     }
     void choiceDialog()
     {
@@ -129,16 +117,16 @@ private Q_SLOTS:
                  widget->checkedTreeView()->model(), widget->filterModel(true),
                  widget->filterModel(false)})
             watch(model);
-        dialog.setCheckedNames(names((checked)));
-        dialog.setBlockedNames(names((blocked)));
+        dialog.setCheckedNames(names(checked));
+        dialog.setBlockedNames(names(blocked));
         dialog.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dialog));
         act(dialog, widget->filterLineEdit(), widget->uncheckedTreeView(),
             widget->checkedTreeView(), steps);
         QCOMPARE(shown(widget->uncheckedTreeView()->model()), available);
         QCOMPARE(shown(widget->checkedTreeView()->model()), chosen);
-        QCOMPARE(sorted(dialog.addNames()), added);
-        QCOMPARE(sorted(dialog.removeNames()), removed);
+        QCOMPARE(dialog.addNames(), names(added));
+        QCOMPARE(dialog.removeNames(), names(removed));
         QCOMPARE(dialog.result(), steps.endsWith("ok") ? QDialog::Accepted : QDialog::Rejected);
         if (QTest::currentDataTag() == QByteArray("space ticks, a click unticks"))
             QVERIFY(QDir().mkpath(OVT_PICTURES_DIR)
@@ -169,15 +157,15 @@ private Q_SLOTS:
         watch(dialog.filterModel());
         dialog.setSourceModel(&source);
         dialog.setChosenName(chosen);
-        dialog.setBlockedNames(names((blocked)));
+        dialog.setBlockedNames(names(blocked));
         dialog.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dialog));
         act(dialog, dialog.filterLineEdit(), dialog.choiceTreeView(), nullptr, steps);
         const bool enabled = dialog.buttonBox()->button(QDialogButtonBox::Ok)->isEnabled();
         QCOMPARE(QString("%1 %2").arg(enabled).arg(dialog.isVisible() ? "open" : "closed"), state);
         QCOMPARE(dialog.chosenName(), name);
-        QCOMPARE(sorted(dialog.addNames()), added);
-        QCOMPARE(sorted(dialog.removeNames()), removed);
+        QCOMPARE(dialog.addNames(), names(added));
+        QCOMPARE(dialog.removeNames(), names(removed));
     }
 };
 
