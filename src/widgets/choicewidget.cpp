@@ -81,9 +81,12 @@ ChoiceWidget::ChoiceWidget(int nameColumn, QWidget *parent)
     _checkedModel = stateProxy(true, _choiceModel, _ui->_checkedTreeView, this);
     connect(_choiceModel, &ChoiceTreeNodeProxyModel::stateChanged, this,
             &ChoiceWidget::stateChanged);
-    // Names move between the views as they are ticked: show every one where it lands. Only
-    // once the proxies have settled; expanding from their own row signals would re-enter them.
+    // Names move between the views as they are ticked or arrive: show every one where it
+    // lands. Only once the proxies have settled (they were connected to the choice model
+    // first); expanding from their own row signals would re-enter them.
     connect(_choiceModel, &ChoiceTreeNodeProxyModel::stateChanged, this, &ChoiceWidget::expand);
+    connect(_choiceModel, &QAbstractItemModel::rowsInserted, this, &ChoiceWidget::expand);
+    connect(_choiceModel, &QAbstractItemModel::modelReset, this, &ChoiceWidget::expand);
     connect(_ui->_filterLineEdit, &QLineEdit::textChanged, this, &ChoiceWidget::changeFilter);
     // A blocked name follows its ancestor, but the choice model reports only the row the user
     // ticked: the views judge the whole tree again so the followers move with it.

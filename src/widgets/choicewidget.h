@@ -22,10 +22,11 @@ class ChoiceWidget;
  * The names are the display texts of the name column of a node-tree model (a TreeNodeModel or
  * a proxy over one). A ChoiceTreeNodeProxyModel keeps the ticks over it; two
  * ChoiceFilterTreeNodeSortFilterProxyModel views show the names not ticked ("_uncheckedTreeView")
- * and the names ticked ("_checkedTreeView"), each as a tree of check boxes without supplement
- * nodes. Ticking a name (click on its box or Space) moves it from one view to the other. The
- * filter line ("_filterLineEdit") narrows both views to the rows whose text holds the typed
- * text, case insensitive; a row that does not match hides its descendants.
+ * and the names ticked ("_checkedTreeView"), each as an expanded tree of check boxes without
+ * supplement nodes; an ancestor in the other state stays in a view as the context of its
+ * descendants. Ticking a name (click on its box or Space) moves it from one view to the other.
+ * The filter line ("_filterLineEdit") narrows both views to the rows whose text holds the
+ * typed text, case insensitive, with their ancestors.
  *
  * Blocked names are shown disabled, in the view their nearest unblocked ancestor puts them,
  * and cannot be ticked. The names the user ticked and unticked since the last

@@ -75,9 +75,13 @@ SingleChoiceDialog::SingleChoiceDialog(int nameColumn, QWidget *parent)
         if (isAcceptable())
             accept();
     });
-    // Rows come back after a filter: show the chosen one selected again. This runs once the
-    // proxy has settled; touching the view from the proxy's own row signals would re-enter it.
+    // Rows come back after a filter or arrive from the tree: show the chosen one selected
+    // again. This runs once the proxy has settled (it was connected to the choice model
+    // first); touching the view from the proxy's own row signals would re-enter it.
     connect(_filterLineEdit, &QLineEdit::textChanged, this, &SingleChoiceDialog::selectChosen);
+    connect(_choiceModel, &QAbstractItemModel::rowsInserted, this,
+            &SingleChoiceDialog::selectChosen);
+    connect(_choiceModel, &QAbstractItemModel::modelReset, this, &SingleChoiceDialog::selectChosen);
 }
 
 ChoiceTreeNodeProxyModel *SingleChoiceDialog::choiceModel() const
