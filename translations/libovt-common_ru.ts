@@ -2,6 +2,64 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ru_RU">
     <context>
+        <name>AbstractChoiceDialog</name>
+        <message>
+            <source>Choice</source>
+            <translation>Выбор</translation>
+        </message>
+        <message>
+            <source>Dialog buttons</source>
+            <translation>Кнопки диалога</translation>
+        </message>
+        <message>
+            <source>Accept the choice</source>
+            <translation>Принять выбор</translation>
+        </message>
+        <message>
+            <source>Discard the choice</source>
+            <translation>Отменить выбор</translation>
+        </message>
+    </context>
+    <context>
+        <name>ChoiceWidget</name>
+        <message>
+            <source>Choice</source>
+            <translation>Выбор</translation>
+        </message>
+        <message>
+            <source>Show only the names that contain this text</source>
+            <translation>Показывать только имена, содержащие этот текст</translation>
+        </message>
+        <message>
+            <source>Filter</source>
+            <translation>Фильтр</translation>
+        </message>
+        <message>
+            <source>&amp;Available</source>
+            <translation>&amp;Доступные</translation>
+        </message>
+        <message>
+            <source>C&amp;hosen</source>
+            <translation>&amp;Выбранные</translation>
+        </message>
+        <message>
+            <source>Available names</source>
+            <translation>Доступные имена</translation>
+        </message>
+        <message>
+            <source>Tick a name to choose it</source>
+            <translation>Отметьте имя, чтобы выбрать его</translation>
+        </message>
+        <message>
+            <source>Chosen names</source>
+            <translation>Выбранные имена</translation>
+        </message>
+        <message>
+            <source>Untick a name to give it up</source>
+            <translation>Снимите отметку, чтобы отказаться от имени</translation>
+        </message>
+    </context>
+    <context>
         <name>ConfRootTreeNode</name>
         <message>
             <source>Name</source>
@@ -587,6 +645,25 @@ Continue without saving?</source>
 "%4"</source>
             <translation>Процесс: "%1 %2". Код завершения: %3.
 "%4"</translation>
+        </message>
+    </context>
+    <context>
+        <name>SingleChoiceDialog</name>
+        <message>
+            <source>Filter</source>
+            <translation>Фильтр</translation>
+        </message>
+        <message>
+            <source>Show only the names that contain this text</source>
+            <translation>Показывать только имена, содержащие этот текст</translation>
+        </message>
+        <message>
+            <source>Names</source>
+            <translation>Имена</translation>
+        </message>
+        <message>
+            <source>Select the name to choose</source>
+            <translation>Выделите имя, которое нужно выбрать</translation>
         </message>
     </context>
     <context>
