@@ -56,10 +56,7 @@ public:
     }
     QString caption() const override { return _title; }
     int treeNodeSpecialFlags() const override { return flags; }
-    void place(int depth, const QString &parentId)
-    {
-        _expectedDepth = depth, _expectedParentId = parentId;
-    }
+    void place(int depth, const QString &id) { _expectedDepth = depth, _expectedParentId = id; }
     void retitle(const QString &title) { _title = title; }
     QString &ownGroup() { return _groupElementType; }
     QString title() const { return _title; }
@@ -78,7 +75,7 @@ struct TaskRow
     Task *task;
     QString title, message;
     int status;
-    bool pending, stoppable;
+    bool pending;
 };
 
 } // namespace
@@ -191,9 +188,7 @@ void tst_Mutation::randomSteps()
     for (int seed = seedFrom; seed <= seedTo; ++seed) {
         build(unsigned(seed));
         for (int number = 1; number <= stepCount; ++number) {
-            where = QStringLiteral("seed %1, step %2 (replay: --seed %1 --steps %2)")
-                        .arg(seed)
-                        .arg(number);
+            where = QStringLiteral("seed %1, step %2 (--seed %1 --steps %2)").arg(seed).arg(number);
             if (_nodes.isEmpty())
                 newNode();
             pick(_steps)();
@@ -339,120 +334,86 @@ void tst_Mutation::build(unsigned seed)
                               return rows.isEmpty() ? QString() : '[' + rows.join(' ') + ']';
                           }};
 
-    const QList<std::tuple<int, const char *, std::function<void()>>> steps {
-        {3, "insert",
-         [this] { // insert detached or new nodes anywhere, sometimes out of range
-             TreeNode *parent = anyParent();
-             QList<TreeNode *> list;
-             for (Node *node : qAsConst(_nodes))
-                 if (!node->parentNode() && list.size() < 3 && rnd(2))
-                     list << node;
-             if (list.isEmpty() || _nodes.size() < 40)
-                 list << newNode();
-             const int pos = rnd(parent->childNodesCount() + 3) - 1;
-             parent->insert(pos, list);
-         }},
-        {2, "removeAt",
-         [this] { // remove, sometimes past the end
-             TreeNode *parent = anyParent();
-             const int pos = rnd(parent->childNodesCount() + 1), count = rnd(4);
-             parent->removeAt(pos, count);
-         }},
-        {1, "reload",
-         [this] {
-             reload();
-         }},
-        {1, "extra root nodes",
-         [this] { // new extra root nodes, or none
-             QList<TreeNode *> extras;
-             for (int i = rnd(3); i > 0; --i)
-                 extras << newNode(false);
-             extras.isEmpty() && rnd(2) ? _treeModel->deleteExtraRootChildNodes()
-                                        : _treeModel->setExtraRootChildNodes(extras);
-         }},
-        {2, "data change",
-         [this] { // a title or flags change, told by the node or its parent
-             Node *node = pick(_nodes);
-             rnd(2) ? void(node->flags = rnd(4)) : node->retitle(pick(Titles));
-             rnd(3) || !node->parentNode() ? node->emitNodeDataChanged()
-                                           : node->parentNode()->emitNodeChildsDataChanged();
-         }},
-        {1, "group",
-         [=] { // descendants inherit a group, so the filter is forced after a change
-             Node *node = pick(_nodes);
-             node->ownGroup() = pick(Groups);
-             groupProxy->setGroupElementType(rnd(3) ? groupProxy->groupElementType() : pick(Groups),
-                                             true);
-         }},
-        {1, "filters",
-         [=] {
-             (rnd(2) ? filterProxy : _choiceFilters.at(1))
-                 ->setFilterRegExp(QRegExp(pick(Patterns)));
-             (rnd(2) ? filterProxy : columnsProxy)
-                 ->setAcceptColumns(pick(QList<QSet<int>> {{}, {0}, {0, 1}}));
-             groupProxy->setGroupElementType(pick(Groups), false);
-             selectableProxy->setSelectionDisplayRole(
-                 pick(QList<int> {0, Element::TitleRole, Element::GroupElementTypeRole}));
-         }},
-        {1, "delete",
-         [this] { // an element is deleted; its children stay, detached
-             Node *node = _nodes.takeAt(rnd(_nodes.size()));
-             delete node;
-         }},
-        {2, "names",
-         [this] {
-             _checked = rnd(2) ? _checked : pickNames(), _blocked = rnd(2) ? _blocked : pickNames();
-             rnd(2) ? _choice->setCheckedBlockedNames(_checked, _blocked)
-                    : _choice->setBlockedNames(_blocked);
-             _choice->setCheckedNames(_checked);
-         }},
-        {3, "tick",
-         [this] {
-             tick();
-         }},
-        {2, "perform",
-         [this] { // perform a new task, or one already performed again
-             if (!_tasks.isEmpty() && _tasks.last().pending && !rnd(4))
-                 return _observer->performTask(_tasks.last().task);
-             const int id = _nextTask++;
-             const bool stoppable = rnd(2);
-             auto *task
-                 = new Task(&_ledger, id % 1024, QStringLiteral("t%1").arg(id), pick(Outcomes),
-                            QStringLiteral("m%1").arg(id), nullptr, stoppable);
-             ++_running;
-             _tasks << TaskRow {task,     task->taskDescription().description(), {}, 0, true,
-                                stoppable};
-             _observer->performTask(task);
-         }},
-        {1, "stop",
-         [this] { // the user asks a row to stop
-             const int row = rnd(_tasks.size() + 1) - 1;
-             if (row < 0)
-                 return;
-             TaskRow &entry = _tasks[row];
-             const bool stops = entry.pending && entry.status == 0 && entry.stoppable;
-             QCOMPARE(_observer->model()->setData(_observer->model()->index(row, 1), 4), stops);
-             entry.status = stops ? TaskDescription::AboutToBeStopped : entry.status;
-         }},
-        {1, "close",
-         [this] { // the user closes the dialog that stayed open after problems
-             if (_running || _tasks.isEmpty() || !_dialog->isVisible())
-                 return;
-             _dialog->reject();
-             _tasks.clear();
-             _problems = 0;
-         }},
-        {2, "complete",
-         [this] {
-             const int row = rnd(_tasks.size() + 1) - 1;
-             if (row >= 0 && _tasks.at(row).pending)
-                 complete(_tasks.at(row).task);
-         }},
+    const QList<std::function<void()>> steps {
+        [this] { // insert detached or new nodes anywhere, sometimes out of range
+            TreeNode *parent = anyParent();
+            QList<TreeNode *> list;
+            for (Node *node : qAsConst(_nodes))
+                if (!node->parentNode() && list.size() < 3 && rnd(2))
+                    list << node;
+            if (list.isEmpty() || _nodes.size() < 40)
+                list << newNode();
+            const int pos = rnd(parent->childNodesCount() + 3) - 1;
+            parent->insert(pos, list);
+        },
+        [this] { // remove, sometimes past the end
+            TreeNode *parent = anyParent();
+            const int pos = rnd(parent->childNodesCount() + 1), count = rnd(4);
+            parent->removeAt(pos, count);
+        },
+        std::bind(&tst_Mutation::reload, this),
+        [this] { // new extra root nodes, or none
+            QList<TreeNode *> extras;
+            for (int i = rnd(3); i > 0; --i)
+                extras << newNode(false);
+            extras.isEmpty() && rnd(2) ? _treeModel->deleteExtraRootChildNodes()
+                                       : _treeModel->setExtraRootChildNodes(extras);
+        },
+        [this] { // a title or flags change, told by the node or its parent
+            Node *node = pick(_nodes);
+            rnd(2) ? void(node->flags = rnd(4)) : node->retitle(pick(Titles));
+            rnd(3) || !node->parentNode() ? node->emitNodeDataChanged()
+                                          : node->parentNode()->emitNodeChildsDataChanged();
+        },
+        [=] { // descendants inherit a group, so the filter is forced after a change
+            Node *node = pick(_nodes);
+            node->ownGroup() = pick(Groups);
+            groupProxy->setGroupElementType(rnd(3) ? groupProxy->groupElementType() : pick(Groups),
+                                            true);
+        },
+        [=] {
+            (rnd(2) ? filterProxy : _choiceFilters.at(1))->setFilterRegExp(QRegExp(pick(Patterns)));
+            (rnd(2) ? filterProxy : columnsProxy)
+                ->setAcceptColumns(pick(QList<QSet<int>> {{}, {0}, {0, 1}}));
+            groupProxy->setGroupElementType(pick(Groups), false);
+            selectableProxy->setSelectionDisplayRole(
+                pick(QList<int> {0, Element::TitleRole, Element::GroupElementTypeRole}));
+        },
+        [this] { // an element is deleted; its children stay, detached
+            Node *node = _nodes.takeAt(rnd(_nodes.size()));
+            delete node;
+        },
+        [this] {
+            _checked = rnd(2) ? _checked : pickNames(), _blocked = rnd(2) ? _blocked : pickNames();
+            rnd(2) ? _choice->setCheckedBlockedNames(_checked, _blocked)
+                   : _choice->setBlockedNames(_blocked);
+            _choice->setCheckedNames(_checked);
+        },
+        std::bind(&tst_Mutation::tick, this),
+        [this] { // perform a new task, or one already performed again
+            if (!_tasks.isEmpty() && _tasks.last().pending && !rnd(4))
+                return _observer->performTask(_tasks.last().task);
+            const int id = _nextTask++;
+            auto *task = new Task(&_ledger, id % 1024, QStringLiteral("t%1").arg(id),
+                                  pick(Outcomes), QStringLiteral("m%1").arg(id));
+            ++_running;
+            _tasks << TaskRow {task, task->taskDescription().description(), {}, 0, true};
+            _observer->performTask(task);
+        },
+        [this] {
+            const int row = rnd(_tasks.size() + 1) - 1;
+            if (row >= 0 && _tasks.at(row).pending)
+                complete(_tasks.at(row).task);
+        },
     };
     _steps.clear();
-    for (const auto &[weight, name, step] : steps)
-        for (int i = 0; i < weight; ++i)
-            _steps << [this, name = name, step = step] {
+    const QList<int> weights {3, 2, 1, 1, 2, 1, 1, 1, 2, 3, 2, 2};
+    const QStringList names {"insert",      "removeAt", "reload",  "extra root nodes",
+                             "data change", "group",    "filters", "delete",
+                             "names",       "tick",     "perform", "complete"};
+    for (int kind = 0; kind < steps.size(); ++kind)
+        for (int i = 0; i < weights.at(kind); ++i)
+            _steps << [this, name = names.at(kind), step = steps.at(kind)] {
                 _what = name, step();
             };
 }
@@ -512,9 +473,8 @@ void tst_Mutation::complete(Task *task)
     auto row = std::find_if(_tasks.begin(), _tasks.end(),
                             [=](const TaskRow &r) { return r.task == task; });
     task->run();
-    *row
-        = {nullptr, row->title, task->taskDescription().message(), task->taskDescription().status(),
-           false,   false};
+    *row = {nullptr, row->title, task->taskDescription().message(),
+            task->taskDescription().status(), false};
     --_running;
     _problems += row->status != TaskDescription::Success;
     if (_running == 0 && _problems == 0)
