@@ -2,6 +2,8 @@
 
 #include "treenode/treenodemodelextension_p.h"
 
+#include <functional>
+
 ChoiceTreeNodeProxyModel::ChoiceTreeNodeProxyModel(int nameColumn, int choiceRole, int blockRole,
                                                    QObject *parent)
     : QIdentityProxyModel(parent)
@@ -172,6 +174,20 @@ bool ChoiceTreeNodeProxyModel::setData(const QModelIndex &index, const QVariant 
         _checkedNames.remove(name);
     }
     emit dataChanged(index, index);
+    // The tick belongs to the name, not to the row: every other row of that name changes with
+    // it, and so may every blocked row (it follows its nearest changeable ancestor). Views and
+    // the filter proxies above only learn of a change that is announced.
+    std::function<void(const QModelIndex &)> announce = [&](const QModelIndex &parent) {
+        for (int row = 0, rows = rowCount(parent); row < rows; ++row) {
+            const QModelIndex cell = this->index(row, _nameColumn, parent);
+            const QString rowName = nameOf(mapToSource(cell));
+            if (cell != index && (rowName == name || _blockedNames.contains(rowName)))
+                emit dataChanged(cell, cell);
+            if (hasChildren(cell.sibling(row, 0)))
+                announce(cell.sibling(row, 0));
+        }
+    };
+    announce(QModelIndex());
     emit stateChanged();
     return true;
 }
