@@ -1,5 +1,5 @@
-// ovt-demo: the smallest complete administration tool built on ovt-common. It loads the
-// plug-ins of one directory, shows their modules and elements, and runs their tasks on a
+// ovt-demo: an administration tool built on ovt-common. It loads the plug-ins of one
+// directory, shows their modules, elements and element widgets, and runs their tasks on a
 // pool of two worker threads.
 
 #include "mainwindow.h"
@@ -8,8 +8,15 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QDialog>
 #include <QIcon>
+#include <QImage>
+#include <QLibraryInfo>
+#include <QLocale>
 #include <QTimer>
+#include <QTranslator>
+
+#include <cstdio>
 
 int main(int argc, char *argv[])
 {
@@ -20,6 +27,12 @@ int main(int argc, char *argv[])
     // Outside a desktop session Qt knows no icon theme; the library's icons come from one.
     if (QIcon::themeName().isEmpty() || QIcon::themeName() == QLatin1String("hicolor"))
         QIcon::setThemeName(QStringLiteral("Adwaita"));
+    // The library translates its own texts; the standard buttons (OK, Cancel, Yes, No) are
+    // Qt's and come from Qt's catalogue, which every tool loads itself.
+    QTranslator qtTranslator;
+    if (qtTranslator.load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),
+                          QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&qtTranslator);
 
     QCommandLineParser parser;
     parser.setApplicationDescription(QApplication::translate("main", "Demo administration tool"));
@@ -32,12 +45,24 @@ int main(int argc, char *argv[])
         QStringLiteral("quit-after"),
         QApplication::translate("main", "Quit after <ms> milliseconds (for smoke tests)."),
         QStringLiteral("ms"));
-    parser.addOption(quitAfter);
+    const QCommandLineOption screenshot(
+        QStringLiteral("screenshot"),
+        QApplication::translate("main",
+                                "Save the window as a PNG picture into <file> and quit, after "
+                                "--quit-after milliseconds (default 3000)."),
+        QStringLiteral("file"));
+    const QCommandLineOption select(
+        QStringLiteral("select"),
+        QApplication::translate("main",
+                                "Choose a module and an element by their ids: "
+                                "<module>/<element>/<child element>…"),
+        QStringLiteral("path"));
+    parser.addOptions({quitAfter, screenshot, select});
     parser.process(app);
     const QStringList positional = parser.positionalArguments();
     const QString directory
         = positional.isEmpty() ? QStringLiteral(OVT_DEMO_PLUGIN_DIR) : positional.first();
-    int quitMs = -1;
+    int quitMs = parser.isSet(screenshot) ? 3000 : -1;
     if (parser.isSet(quitAfter)) {
         bool ok = false;
         quitMs = parser.value(quitAfter).toInt(&ok);
@@ -53,20 +78,51 @@ int main(int argc, char *argv[])
         workers.last()->start();
     }
 
-    MainWindow window;
-    // The observer's dialogs block input over the main window while tasks run.
-    TaskObserver::instance(&window);
-    window.show();
-    window.loadPlugins(directory);
+    int status = 0;
+    {
+        MainWindow window;
+        // The observer's dialogs block input over the main window while tasks run.
+        TaskObserver::instance(&window);
+        window.show();
 
-    if (quitMs >= 0) {
-        // quit(), not close(): it also ends a task dialog that is still open.
-        QTimer::singleShot(quitMs, &app, &QCoreApplication::quit);
+        // Armed before loading: loading may show a message box (a missing directory, say),
+        // whose own event loop must not keep the tool from quitting. The timer closes modal
+        // dialogs one after the other until the main loop is left.
+        bool quitting = false;
+        QTimer quitTimer;
+        QObject::connect(&quitTimer, &QTimer::timeout, &app, [&] {
+            if (!quitting && parser.isSet(screenshot)) {
+                const QString file = parser.value(screenshot);
+                if (!window.render().save(file, "PNG")) {
+                    std::fprintf(
+                        stderr, "%s\n",
+                        qPrintable(QApplication::translate("main", "Cannot write %1").arg(file)));
+                    status = 1;
+                }
+            }
+            quitting = true;
+            quitTimer.setInterval(50);
+            if (QWidget *modal = QApplication::activeModalWidget()) {
+                if (auto *dialog = qobject_cast<QDialog *>(modal))
+                    dialog->reject();
+                else
+                    modal->close();
+            }
+            QCoreApplication::exit(status);
+        });
+        if (quitMs >= 0)
+            quitTimer.start(quitMs);
+
+        window.loadPlugins(directory);
+        if (parser.isSet(select))
+            window.select(parser.value(select).split(QLatin1Char('/'), Qt::SkipEmptyParts));
+        if (!quitting)
+            status = app.exec();
+        else
+            QCoreApplication::processEvents();
+        // Before the window: destroying one worker stops the pool and waits for running
+        // tasks, which may still report to the observer that the window owns.
+        qDeleteAll(workers);
     }
-
-    const int status = app.exec();
-    // Before the window: destroying one worker stops the pool and waits for running tasks,
-    // which may still report to the observer that the window owns.
-    qDeleteAll(workers);
     return status;
 }

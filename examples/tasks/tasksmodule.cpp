@@ -1,0 +1,77 @@
+#include "tasksmodule.h"
+
+#include "element/elementdata.h"
+#include "taskswidget.h"
+
+#include <QIcon>
+#include <QXmlStreamWriter>
+
+TasksModule::TasksModule(QObject *parent)
+    : Module(QStringLiteral("tasks"), parent, false)
+{
+    _expectedDepth = 1;
+    _moduleData->insert(QStringLiteral("title"), tr("Tasks"));
+    _moduleData->insert(QStringLiteral("description"),
+                        tr("Dummy tasks and a print preview of the element list"));
+    _elementNodes << new TaskExamplesElement(*this);
+    insertElementWidget(new TasksWidget(*this));
+    connectElementWidgets();
+}
+
+namespace {
+
+void writeElements(QXmlStreamWriter &xml, const TreeNode *node, int depth)
+{
+    for (const TreeNode *child : node->childNodes()) {
+        const auto *element = qobject_cast<const Element *>(child);
+        if (!element)
+            continue;
+        xml.writeStartElement(QStringLiteral("element"));
+        xml.writeAttribute(QStringLiteral("depth"), QString::number(depth));
+        xml.writeAttribute(QStringLiteral("type"), element->elementType());
+        xml.writeAttribute(QStringLiteral("title"), element->title());
+        xml.writeAttribute(QStringLiteral("caption"), element->caption());
+        xml.writeEndElement();
+        writeElements(xml, child, depth + 1);
+    }
+}
+
+} // namespace
+
+QString TasksModule::elementListXml(const Element *element)
+{
+    const TreeNode *root = element;
+    while (root && root->parentNode())
+        root = root->parentNode();
+    QString text;
+    QXmlStreamWriter xml(&text);
+    xml.writeStartDocument();
+    xml.writeStartElement(QStringLiteral("elements"));
+    xml.writeAttribute(QStringLiteral("title"), tr("Elements of the demo tool"));
+    if (root)
+        writeElements(xml, root, 0);
+    xml.writeEndElement();
+    xml.writeEndDocument();
+    return text;
+}
+
+TaskExamplesElement::TaskExamplesElement(Module &module)
+    : Element(module, &Module::defaultTrue)
+{
+    _elementType = QStringLiteral("taskExamples");
+    _groupElementType = module.id();
+    _title = _id = QStringLiteral("Examples");
+    _expectedDepth = 1;
+}
+
+QString TaskExamplesElement::caption() const
+{
+    return tr("Start example tasks and watch them in the task observer");
+}
+
+QVariant TaskExamplesElement::data(int column, int role) const
+{
+    if (column == 0 && role == Qt::DecorationRole)
+        return QIcon::fromTheme(QStringLiteral("system-run"));
+    return Element::data(column, role);
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "widgets/elementwidget.h"
+
+/**
+ * The panel of the task examples: a task that succeeds after five seconds, one that fails, one
+ * the user may stop from the observer, and a print preview of the element list.
+ */
+class TasksWidget : public ElementWidget
+{
+    Q_OBJECT
+
+public:
+    explicit TasksWidget(Module &module);
+
+    /** The style sheet of the print preview, a Qt resource of this plug-in. */
+    static QString styleSheetUrl();
+
+private:
+    void printPreview();
+};
