@@ -6,6 +6,7 @@
 #include "element/groupinvisibleelementsortfilterproxymodel.h"
 #include "messages/typicalmessagesdialog.h"
 #include "moduletitleproxymodel.h"
+#include "plugin/module.h"
 #include "plugin/plugincontainer.h"
 #include "treenode/treenode.h"
 #include "treenode/treenodemodel.h"
@@ -68,11 +69,12 @@ MainWindow::MainWindow(QWidget *parent)
     right->addWidget(_elementView);
     right->addWidget(_widgets);
     right->setStretchFactor(1, 1);
+    right->setSizes({330, 300});
     auto *splitter = new QSplitter;
     splitter->addWidget(_moduleView);
     splitter->addWidget(right);
     splitter->setStretchFactor(1, 1);
-    splitter->setSizes({360, 640});
+    splitter->setSizes({330, 770});
     setCentralWidget(splitter);
 
     auto *pluginsAction = new QAction(QIcon::fromTheme(QStringLiteral("application-x-addon")),
@@ -151,6 +153,9 @@ void MainWindow::moduleChosen()
 
 void MainWindow::elementChosen()
 {
+    // Unloading in the destructor removes rows, and with them the current one.
+    if (!_widgets)
+        return;
     auto *element = qobject_cast<Element *>(
         _elementProxy->toTreeNode(_elementView->selectionModel()->currentIndex()));
     if (_widgets->setElement(element))
@@ -176,15 +181,19 @@ void MainWindow::select(const QStringList &path)
 {
     if (path.isEmpty())
         return;
-    const QModelIndexList modules
-        = _moduleProxy->match(_moduleProxy->index(0, 0), Qt::UserRole + 2, path.first(), 1,
-                              Qt::MatchExactly | Qt::MatchRecursive);
-    if (modules.isEmpty()) {
+    // Modules answer no id role; the container's list has them all.
+    Module *module = nullptr;
+    for (Module *candidate : _plugins->modules()) {
+        if (candidate->id() == path.first())
+            module = candidate;
+    }
+    if (!module) {
         statusBar()->showMessage(tr("No module %1").arg(path.first()));
         return;
     }
     _moduleView->selectionModel()->select(
-        modules.first(), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        _moduleProxy->mapFromSource(_plugins->treeNodeModel()->treeNodeToIndex(module)),
+        QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     selectStep(path.mid(1), 50);
 }
 

@@ -10,6 +10,7 @@
 ReadUnitsTask::ReadUnitsTask(ServicesFolderElement *folder)
     : AbstractTask(nullptr)
     , _folder(folder)
+    , _noSystemd(false)
 {
     taskDescription().setDescription(tr("List the systemd services"));
 }
@@ -46,9 +47,11 @@ void ReadUnitsTask::run()
     // systemctl on a machine without a running systemd only says it cannot connect; the
     // reason is clearer from here.
     if (!QFileInfo(QStringLiteral("/run/systemd/system")).isDir()) {
-        taskDescription().setStatus(TaskDescription::Fail);
+        // Not a failure of the tool: there is simply nothing to list. The folder says why.
+        taskDescription().setStatus(TaskDescription::Success);
         taskDescription().setMessage(
             tr("This machine was not booted with systemd: there are no services to show."));
+        _noSystemd = true;
         return AbstractTask::run();
     }
     try {
@@ -75,7 +78,7 @@ void ReadUnitsTask::afterRun()
     if (!_folder)
         return;
     _folder->elementData()->insert(QStringLiteral("message"),
-                                   taskDescription().status() == TaskDescription::Fail
+                                   _noSystemd || taskDescription().status() == TaskDescription::Fail
                                        ? taskDescription().message()
                                        : QString());
     _folder->emitNodeDataChanged();

@@ -36,8 +36,8 @@ public:
 
 /**
  * Lists the service units with systemctl on a worker thread and hangs them under the folder.
- * On a machine not booted with systemd (no /run/systemd/system) it fails with a message that
- * says so, and the folder shows it.
+ * On a machine not booted with systemd (no /run/systemd/system) it lists nothing and the folder
+ * says why; when systemctl fails, the task fails and the folder shows its message too.
  */
 class ReadUnitsTask : public AbstractTask
 {
@@ -64,4 +64,5 @@ public:
 private:
     QPointer<ServicesFolderElement> _folder;
     QVector<Unit> _units;
+    bool _noSystemd;
 };

@@ -20,6 +20,14 @@ TasksModule::TasksModule(QObject *parent)
 
 namespace {
 
+int countElements(const TreeNode *node)
+{
+    int count = 0;
+    for (const TreeNode *child : node->childNodes())
+        count += (qobject_cast<const Element *>(child) ? 1 + countElements(child) : 0);
+    return count;
+}
+
 void writeElements(QXmlStreamWriter &xml, const TreeNode *node, int depth)
 {
     for (const TreeNode *child : node->childNodes()) {
@@ -47,7 +55,13 @@ QString TasksModule::elementListXml(const Element *element)
     QXmlStreamWriter xml(&text);
     xml.writeStartDocument();
     xml.writeStartElement(QStringLiteral("elements"));
+    // The style sheet cannot translate: its labels come with the document.
     xml.writeAttribute(QStringLiteral("title"), tr("Elements of the demo tool"));
+    xml.writeAttribute(QStringLiteral("count"),
+                       tr("%n element(s)", nullptr, root ? countElements(root) : 0));
+    xml.writeAttribute(QStringLiteral("element"), tr("Element"));
+    xml.writeAttribute(QStringLiteral("type"), tr("Type"));
+    xml.writeAttribute(QStringLiteral("details"), tr("Details"));
     if (root)
         writeElements(xml, root, 0);
     xml.writeEndElement();

@@ -1,7 +1,14 @@
+#include "accountelements.h"
 #include "accounttasks.h"
 #include "servicetasks.h"
 #include "system/appexception.h"
+#include "task/taskobserver.h"
+#include "task/thread.h"
+#include "tasksmodule.h"
+#include "widgets/elementwidget.h"
+#include "widgets/previewdialog.h"
 
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -83,6 +90,30 @@ private slots:
                                    unit.record.value("description").toString()}
                           .join('|');
         QCOMPARE(parsed, expected);
+    }
+
+    void printsTheElementList()
+    {
+        Thread worker;
+        worker.start();
+        TaskObserver::instance(this);
+        TasksModule module(nullptr);
+        TreeNode root;
+        auto *examples = qobject_cast<Element *>(module.elementNodes().first());
+        // Element texts reach the XML and the HTML escaped, whatever they hold.
+        ElementData record;
+        record.insert("user", "<b>&\"x");
+        root.append({examples, new AccountElement(module, record)});
+        ElementWidget *widget = module.elementWidget(examples->elementType());
+        widget->setElement(examples, ViewEditRole);
+        for (QPushButton *button : widget->findChildren<QPushButton *>()) {
+            if (button->text().contains("Print"))
+                button->click();
+        }
+        QTRY_VERIFY(PreviewDialog::instance()->isVisible());
+        const QString html = PreviewDialog::instance()->html();
+        QVERIFY2(html.contains("Examples") && html.contains("&lt;b&gt;&amp;\"x"), qPrintable(html));
+        root.clear();
     }
 
 private:
