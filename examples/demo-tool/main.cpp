@@ -57,7 +57,13 @@ int main(int argc, char *argv[])
                                 "Choose a module and an element by their ids: "
                                 "<module>/<element>/<child element>…"),
         QStringLiteral("path"));
-    parser.addOptions({quitAfter, screenshot, select});
+    const QCommandLineOption press(
+        QStringLiteral("press"),
+        QApplication::translate("main",
+                                "After --select, press the button of the shown panel whose text "
+                                "starts with <text> (for screenshots)."),
+        QStringLiteral("text"));
+    parser.addOptions({quitAfter, screenshot, select, press});
     parser.process(app);
     const QStringList positional = parser.positionalArguments();
     const QString directory
@@ -115,7 +121,8 @@ int main(int argc, char *argv[])
 
         window.loadPlugins(directory);
         if (parser.isSet(select))
-            window.select(parser.value(select).split(QLatin1Char('/'), Qt::SkipEmptyParts));
+            window.select(parser.value(select).split(QLatin1Char('/'), Qt::SkipEmptyParts),
+                          parser.value(press));
         if (!quitting)
             status = app.exec();
         else

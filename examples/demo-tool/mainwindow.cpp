@@ -10,6 +10,7 @@
 #include "plugin/plugincontainer.h"
 #include "treenode/treenode.h"
 #include "treenode/treenodemodel.h"
+#include "widgets/elementwidget.h"
 #include "widgets/elementwidgetcontainer2.h"
 
 #include <QAction>
@@ -18,6 +19,7 @@
 #include <QIcon>
 #include <QMenuBar>
 #include <QPainter>
+#include <QPushButton>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTimer>
@@ -177,7 +179,7 @@ void MainWindow::expandFixedElements()
     }
 }
 
-void MainWindow::select(const QStringList &path)
+void MainWindow::select(const QStringList &path, const QString &button)
 {
     if (path.isEmpty())
         return;
@@ -194,10 +196,10 @@ void MainWindow::select(const QStringList &path)
     _moduleView->selectionModel()->select(
         _moduleProxy->mapFromSource(_plugins->treeNodeModel()->treeNodeToIndex(module)),
         QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    selectStep(path.mid(1), 50);
+    selectStep(path.mid(1), button, 50);
 }
 
-void MainWindow::selectStep(const QStringList &path, int attempts)
+void MainWindow::selectStep(const QStringList &path, const QString &button, int attempts)
 {
     QModelIndex parent;
     for (const QString &id : path) {
@@ -206,13 +208,22 @@ void MainWindow::selectStep(const QStringList &path, int attempts)
         if (found.isEmpty()) {
             // Not read yet: the expansion below started a task; look again shortly.
             if (attempts > 0)
-                QTimer::singleShot(100, this, [=] { selectStep(path, attempts - 1); });
+                QTimer::singleShot(100, this, [=] { selectStep(path, button, attempts - 1); });
             return;
         }
         parent = found.first();
         _elementView->expand(parent);
     }
     _elementView->selectionModel()->setCurrentIndex(parent, QItemSelectionModel::ClearAndSelect);
+    if (button.isEmpty() || !_widgets->currentElementWidget())
+        return;
+    for (QPushButton *candidate : _widgets->currentElementWidget()->findChildren<QPushButton *>()) {
+        if (candidate->text().remove(QLatin1Char('&')).startsWith(button)) {
+            // Queued: a button that opens a modal dialog must not hold up the start-up.
+            QTimer::singleShot(0, candidate, &QPushButton::click);
+            return;
+        }
+    }
 }
 
 QImage MainWindow::render()

@@ -30,8 +30,9 @@ public:
     /**
      * Chooses the module @p path starts with and then, level by level, the elements whose ids
      * follow, opening each on the way. Lazily read levels are waited for, a few seconds at most.
+     * Then presses the button of the shown panel whose text starts with @p button, if any.
      */
-    void select(const QStringList &path);
+    void select(const QStringList &path, const QString &button = QString());
     /** The window with the dialogs open over it, as one picture. */
     QImage render();
 
@@ -40,7 +41,7 @@ private:
     void moduleChosen();
     void elementChosen();
     void expandFixedElements();
-    void selectStep(const QStringList &path, int attempts);
+    void selectStep(const QStringList &path, const QString &button, int attempts);
 
     PluginContainer *_plugins; // child
     ElementContainer *_elements; // child
