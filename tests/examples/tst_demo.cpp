@@ -1,6 +1,8 @@
-#include "plugin/module.h"
+#include "moduletitleproxymodel.h"
 #include "plugin/plugincontainer.h"
+#include "treenode/treenodemodel.h"
 
+#include <QAbstractItemModelTester>
 #include <QImage>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -44,15 +46,23 @@ private slots:
         QVERIFY(shot.width() >= 800 && shot.height() >= 500);
     }
 
-    void everyExamplePluginLoads()
+    void moduleTreeShowsTitles()
     {
         PluginContainer plugins;
-        plugins.loadPlugins(QStringLiteral(OVT_EXAMPLE_PLUGIN_DIR));
-        QStringList modules;
-        for (auto *module : plugins.modules())
-            modules << module->id();
-        for (const char *name : {"accounts", "services", "tasks"})
-            QVERIFY2(modules.contains(QLatin1String(name)), qPrintable(modules.join(' ')));
+        ModuleTitleProxyModel titles;
+        titles.setSourceModel(plugins.treeNodeModel());
+        QAbstractItemModelTester tester(&titles,
+                                        QAbstractItemModelTester::FailureReportingMode::Fatal);
+        for (int load = 0; load < 2; ++load) // a reload resets the tree under the tester
+            plugins.loadPlugins(QStringLiteral(OVT_EXAMPLE_PLUGIN_DIR));
+        QStringList shown;
+        for (int row = 0; row < titles.rowCount(); ++row)
+            shown << titles.index(row, 0).data().toString() + '/'
+                    + titles.index(row, 0).data(Qt::ToolTipRole).toString();
+        for (const char *module : {"Accounts/accounts", "Services/services", "Tasks/tasks"})
+            QVERIFY2(shown.contains(QLatin1String(module)), qPrintable(shown.join(' ')));
+        QVERIFY(
+            titles.headerData(1, Qt::Horizontal, Qt::ToolTipRole).toString().contains("aranoid"));
     }
 
 private:
