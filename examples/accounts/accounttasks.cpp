@@ -30,22 +30,6 @@ FILE *openDatabase(const QString &path)
     return file;
 }
 
-QSet<QString> loginShells(const QString &path)
-{
-    // An account logs in when its shell is one of /etc/shells; /usr/sbin/nologin, /bin/false
-    // and /bin/sync are not.
-    QSet<QString> shells;
-    QFile file(path.isEmpty() ? QStringLiteral("/etc/shells") : path);
-    if (file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        while (!file.atEnd()) {
-            const QString shell = QString::fromLocal8Bit(file.readLine()).trimmed();
-            if (!shell.isEmpty() && !shell.startsWith(QLatin1Char('#')))
-                shells.insert(shell);
-        }
-    }
-    return shells;
-}
-
 } // namespace
 
 ReadAccountsTask::ReadAccountsTask(AccountFolderElement *folder, const QString &path)
@@ -57,9 +41,26 @@ ReadAccountsTask::ReadAccountsTask(AccountFolderElement *folder, const QString &
     taskDescription().setDescription(_users ? tr("Read the user accounts") : tr("Read the groups"));
 }
 
+QStringList ReadAccountsTask::loginShells(const QString &path)
+{
+    QStringList shells;
+    QFile file(path.isEmpty() ? QStringLiteral("/etc/shells") : path);
+    if (file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        while (!file.atEnd()) {
+            const QString shell = QString::fromLocal8Bit(file.readLine()).trimmed();
+            if (!shell.isEmpty() && !shell.startsWith(QLatin1Char('#')))
+                shells.append(shell);
+        }
+    }
+    return shells;
+}
+
 QVector<ElementData> ReadAccountsTask::readUsers(const QString &path, const QString &shellsPath)
 {
-    const QSet<QString> shells = loginShells(shellsPath);
+    // An account logs in when its shell is one of /etc/shells; /usr/sbin/nologin, /bin/false
+    // and /bin/sync are not.
+    const QStringList shellList = loginShells(shellsPath);
+    const QSet<QString> shells(shellList.cbegin(), shellList.cend());
     QVector<ElementData> records;
     const QMutexLocker locker(&databaseMutex);
     FILE *file = path.isEmpty() ? nullptr : openDatabase(path);

@@ -30,6 +30,8 @@ public:
      */
     static QVector<ElementData> readUsers(const QString &path = QString(),
                                           const QString &shellsPath = QString());
+    /** The shells of @p path (default /etc/shells) in file order, without comments. */
+    static QStringList loginShells(const QString &path = QString());
     /** The records of the groups: "name", "gid", "members". Throws as readUsers() does. */
     static QVector<ElementData> readGroups(const QString &path = QString());
 

@@ -1,12 +1,12 @@
 #include "accountwidget.h"
 
+#include "accounttasks.h"
 #include "element/element.h"
 #include "element/elementdata.h"
 #include "plugin/module.h"
 #include "widgets/gecosdialog.h"
 
 #include <QComboBox>
-#include <QFile>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -70,15 +70,7 @@ void AccountWidget::afterSuccessfulRead(Element *element, ElementData *data)
         _gecos->setText(data->value(QStringLiteral("gecos")).toString());
         // The shells the system allows, plus the account's own if it is not one of them.
         _shell->clear();
-        QFile shells(QStringLiteral("/etc/shells"));
-        if (shells.open(QIODevice::ReadOnly | QIODevice::Text)) {
-            while (!shells.atEnd()) {
-                const QString shell = QString::fromLocal8Bit(shells.readLine()).trimmed();
-                if (!shell.isEmpty() && !shell.startsWith(QLatin1Char('#'))
-                    && _shell->findText(shell) < 0)
-                    _shell->addItem(shell);
-            }
-        }
+        _shell->addItems(ReadAccountsTask::loginShells());
         const QString shell = data->value(QStringLiteral("shell")).toString();
         if (_shell->findText(shell) < 0)
             _shell->addItem(shell);
