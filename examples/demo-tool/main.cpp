@@ -4,11 +4,13 @@
 
 #include "mainwindow.h"
 #include "task/taskobserver.h"
+#include "task/taskobservermodel.h"
 #include "task/thread.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDialog>
+#include <QFileInfo>
 #include <QIcon>
 #include <QImage>
 #include <QLibraryInfo>
@@ -66,8 +68,12 @@ int main(int argc, char *argv[])
     parser.addOptions({quitAfter, screenshot, select, press});
     parser.process(app);
     const QStringList positional = parser.positionalArguments();
-    const QString directory
-        = positional.isEmpty() ? QStringLiteral(OVT_DEMO_PLUGIN_DIR) : positional.first();
+    // By default the plug-ins built next to the tool; an installed tool finds them installed.
+    QString directory = QStringLiteral(OVT_DEMO_PLUGIN_DIR);
+    if (!positional.isEmpty())
+        directory = positional.first();
+    else if (!QFileInfo(directory).isDir())
+        directory = QStringLiteral(OVT_DEMO_INSTALLED_PLUGIN_DIR);
     int quitMs = parser.isSet(screenshot) ? 3000 : -1;
     if (parser.isSet(quitAfter)) {
         bool ok = false;
@@ -95,6 +101,14 @@ int main(int argc, char *argv[])
         // whose own event loop must not keep the tool from quitting. The timer closes modal
         // dialogs one after the other until the main loop is left.
         bool quitting = false;
+        // Stoppable tasks still running are asked to stop, so that quitting waits for them
+        // only until their next check point. Before the observer's dialog closes: closing it
+        // forgets the tasks.
+        const auto stopTasks = [] {
+            TaskObserverModel *tasks = TaskObserver::instance()->model();
+            for (int row = 0; row < tasks->rowCount(); ++row)
+                tasks->setData(tasks->index(row, 1), TaskDescription::AboutToBeStopped);
+        };
         QTimer quitTimer;
         QObject::connect(&quitTimer, &QTimer::timeout, &app, [&] {
             if (!quitting && parser.isSet(screenshot)) {
@@ -106,6 +120,8 @@ int main(int argc, char *argv[])
                     status = 1;
                 }
             }
+            if (!quitting)
+                stopTasks();
             quitting = true;
             quitTimer.setInterval(50);
             if (QWidget *modal = QApplication::activeModalWidget()) {
@@ -127,6 +143,7 @@ int main(int argc, char *argv[])
             status = app.exec();
         else
             QCoreApplication::processEvents();
+        stopTasks();
         // Before the window: destroying one worker stops the pool and waits for running
         // tasks, which may still report to the observer that the window owns.
         qDeleteAll(workers);
