@@ -1,10 +1,12 @@
 #include "accountsmodule.h"
 
-#include "accountelements.h"
-#include "accounttasks.h"
+#include "accountelement.h"
+#include "accountfolderelement.h"
 #include "accountwidget.h"
 #include "element/elementdata.h"
+#include "readaccountstask.h"
 #include "task/taskobserver.h"
+#include "updateaccounttask.h"
 
 AccountsModule::AccountsModule(QObject *parent)
     // Not paranoid by default: after a change the form trusts what it wrote. Ticked, the

@@ -1,9 +1,9 @@
 #include "accountwidget.h"
 
-#include "accounttasks.h"
 #include "element/element.h"
 #include "element/elementdata.h"
 #include "plugin/module.h"
+#include "readaccountstask.h"
 #include "widgets/gecosdialog.h"
 
 #include <QComboBox>

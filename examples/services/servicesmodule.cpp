@@ -1,10 +1,16 @@
 #include "servicesmodule.h"
 
 #include "element/elementdata.h"
-#include "serviceelements.h"
-#include "servicetasks.h"
+#include "readunitstask.h"
+#include "servicesfolderelement.h"
 #include "servicewidget.h"
+#include "systemctltask.h"
+#include "task/reloadservicetask.h"
+#include "task/restartservicetask.h"
+#include "task/startservicetask.h"
+#include "task/stopservicetask.h"
 #include "task/taskobserver.h"
+#include "unitelement.h"
 
 ServicesModule::ServicesModule(QObject *parent)
     : Module(QStringLiteral("services"), parent, false)

@@ -1,8 +1,8 @@
 #include "servicewidget.h"
 
 #include "element/servicelightelementdata.h"
-#include "serviceelements.h"
 #include "servicesmodule.h"
+#include "unitelement.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>

@@ -1,9 +1,10 @@
 #include "tasksmodule.h"
 
+#include "element/element.h"
 #include "element/elementdata.h"
+#include "taskexampleselement.h"
 #include "taskswidget.h"
 
-#include <QIcon>
 #include <QXmlStreamWriter>
 
 TasksModule::TasksModule(QObject *parent)
@@ -67,25 +68,4 @@ QString TasksModule::elementListXml(const Element *element)
     xml.writeEndElement();
     xml.writeEndDocument();
     return text;
-}
-
-TaskExamplesElement::TaskExamplesElement(Module &module)
-    : Element(module, &Module::defaultTrue)
-{
-    _elementType = QStringLiteral("taskExamples");
-    _groupElementType = module.id();
-    _title = _id = QStringLiteral("Examples");
-    _expectedDepth = 1;
-}
-
-QString TaskExamplesElement::caption() const
-{
-    return tr("Start example tasks and watch them in the task observer");
-}
-
-QVariant TaskExamplesElement::data(int column, int role) const
-{
-    if (column == 0 && role == Qt::DecorationRole)
-        return QIcon::fromTheme(QStringLiteral("system-run"));
-    return Element::data(column, role);
 }

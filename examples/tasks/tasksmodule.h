@@ -1,7 +1,8 @@
 #pragma once
 
-#include "element/element.h"
 #include "plugin/module.h"
+
+class Element;
 
 /**
  * The "tasks" module: one fixed element, "Examples", whose panel starts the library's dummy
@@ -20,16 +21,4 @@ public:
      * the print style sheet reads. Every value is escaped; element texts may hold anything.
      */
     static QString elementListXml(const Element *element);
-};
-
-/** "Examples", the fixed element that carries the tasks panel. */
-class TaskExamplesElement : public Element
-{
-    Q_OBJECT
-
-public:
-    explicit TaskExamplesElement(Module &module);
-
-    QString caption() const override;
-    QVariant data(int column, int role) const override;
 };

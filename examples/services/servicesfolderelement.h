@@ -1,8 +1,6 @@
 #pragma once
 
 #include "element/element.h"
-#include "element/serviceelement.h"
-#include "element/servicelightelementdata.h"
 
 /**
  * "Services", the fixed top-level folder of the units. It offers ReadLightOperation, which
@@ -20,18 +18,4 @@ public:
     void performOperation(OperationType operation, ElementData *data, int alternative) override;
     QString caption() const override;
     QVariant data(int column, int role) const override;
-};
-
-/**
- * One systemd unit. ServiceElement draws its icon from the ServiceLightElementData record;
- * the record also holds "description", "load" and "sub" as systemctl listed them.
- */
-class UnitElement : public ServiceElement
-{
-    Q_OBJECT
-
-public:
-    UnitElement(Module &module, const QString &unit, const ServiceLightElementData &record);
-
-    QString caption() const override;
 };

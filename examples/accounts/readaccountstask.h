@@ -2,7 +2,6 @@
 
 #include "element/elementdata.h"
 #include "task/abstracttask.h"
-#include "task/updatetask.h"
 
 #include <QCoreApplication>
 #include <QPointer>
@@ -46,21 +45,4 @@ private:
     bool _users; // copied on the user-interface thread, read by run()
     const QString _path;
     QVector<ElementData> _records;
-};
-
-/**
- * Writes the GECOS field and the login shell of one account with usermod, as root only. The
- * program gets its arguments as a list: no shell ever sees the values the user typed.
- */
-class UpdateAccountTask : public UpdateTask
-{
-    Q_DECLARE_TR_FUNCTIONS(UpdateAccountTask)
-
-public:
-    /** @p data (owned) holds "user", "gecos" and "shell". */
-    UpdateAccountTask(Element *account, ElementData *data);
-
-    void run() override;
-    /** On success writes the new values into the account's record, then settles the form. */
-    void afterRun() override;
 };

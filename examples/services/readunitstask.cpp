@@ -1,8 +1,9 @@
-#include "servicetasks.h"
+#include "readunitstask.h"
 
-#include "serviceelements.h"
+#include "servicesfolderelement.h"
 #include "system/appexception.h"
 #include "system/process.h"
+#include "unitelement.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>
