@@ -2,10 +2,9 @@
 
 #include "widgets/vieweditelementwidget.h"
 
-class QComboBox;
-class QLabel;
-class QLineEdit;
-class QPushButton;
+namespace Ui {
+class AccountWidget;
+}
 
 /**
  * The form of one user account: what the account database says about it, and the two fields
@@ -18,6 +17,7 @@ class AccountWidget : public ViewEditElementWidget
 
 public:
     explicit AccountWidget(Module &module);
+    ~AccountWidget() override;
 
     ElementData *exportElementData() const override;
     /** Fills the form from the account's record (@p data). */
@@ -27,10 +27,5 @@ public:
 private:
     void editGecos();
 
-    QLabel *_user;
-    QLabel *_ids;
-    QLabel *_home;
-    QLineEdit *_gecos;
-    QComboBox *_shell;
-    QPushButton *_apply;
+    Ui::AccountWidget *_ui;
 };
