@@ -230,13 +230,16 @@ QImage MainWindow::render()
 {
     QImage image = grab().toImage();
     QPainter painter(&image);
-    // Dialogs are windows of their own; paint the visible ones where they stand over this one.
+    // Dialogs are windows of their own; paint the visible ones over this one.
     // The observer's invisible blocking dialog has no size worth showing.
     for (QWidget *widget : QApplication::topLevelWidgets()) {
         if (widget == this || !widget->isVisible() || widget->width() < 50
             || widget->windowOpacity() < 0.1)
             continue;
-        painter.drawPixmap(widget->geometry().topLeft() - geometry().topLeft(), widget->grab());
+        // Centred, where a window manager puts a dialog over its parent; without one (offscreen)
+        // the dialog's own position says nothing.
+        painter.drawPixmap((width() - widget->width()) / 2, (height() - widget->height()) / 2,
+                           widget->grab());
     }
     return image;
 }

@@ -2,53 +2,36 @@
 
 #include "element/servicelightelementdata.h"
 #include "servicesmodule.h"
+#include "ui_servicewidget.h"
 #include "unitelement.h"
 
-#include <QFormLayout>
-#include <QHBoxLayout>
-#include <QIcon>
-#include <QLabel>
 #include <QPushButton>
 
 #include <unistd.h>
 
 ServiceWidget::ServiceWidget(Module &module)
     : ElementWidget(module, &Module::isAdministrator)
-    , _unit(new QLabel)
-    , _description(new QLabel)
-    , _state(new QLabel)
+    , _ui(new Ui::ServiceWidget)
 {
+    _ui->setupUi(this);
     _elementType = QStringLiteral("unit");
-    setWindowTitle(tr("Service"));
-    auto *buttons = new QHBoxLayout;
-    const struct
-    {
-        ServicesModule::Action action;
-        const char *icon;
-        QString text;
-    } actions[] = {
-        {ServicesModule::Start, "media-playback-start", tr("&Start")},
-        {ServicesModule::Stop, "media-playback-stop", tr("S&top")},
-        {ServicesModule::Restart, "view-refresh", tr("&Restart")},
-        {ServicesModule::Reload, "document-revert", tr("Re&load")},
-    };
-    for (const auto &action : actions) {
-        auto *button = new QPushButton(QIcon::fromTheme(QLatin1String(action.icon)), action.text);
-        connect(button, &QPushButton::clicked, this, [this, action = action.action] {
+    _ui->_rootNote->setVisible(geteuid() != 0);
+    const std::pair<QPushButton *, ServicesModule::Action> actions[]
+        = {{_ui->_start, ServicesModule::Start},
+           {_ui->_stop, ServicesModule::Stop},
+           {_ui->_restart, ServicesModule::Restart},
+           {_ui->_reload, ServicesModule::Reload}};
+    for (const auto &[button, action] : actions) {
+        connect(button, &QPushButton::clicked, this, [this, action = action] {
             static_cast<ServicesModule &>(this->module())
                 .control(qobject_cast<UnitElement *>(_element), action);
         });
-        buttons->addWidget(button);
-        _actions << button;
     }
-    buttons->addStretch();
-    auto *form = new QFormLayout(this);
-    form->addRow(tr("Unit:"), _unit);
-    form->addRow(tr("Description:"), _description);
-    form->addRow(tr("State:"), _state);
-    form->addRow(buttons);
-    if (geteuid() != 0)
-        form->addRow(new QLabel(tr("Run the tool as root to start and stop services.")));
+}
+
+ServiceWidget::~ServiceWidget()
+{
+    delete _ui;
 }
 
 void ServiceWidget::setElement(Element *element, ElementWidgetRole role)
@@ -65,10 +48,10 @@ void ServiceWidget::read()
     const auto *record = _element
         ? dynamic_cast<const ServiceLightElementData *>(_element->elementData())
         : nullptr;
-    _unit->setText(_element ? _element->title() : QString());
-    _description->setText(record ? record->value(QStringLiteral("description")).toString()
-                                 : QString());
-    _state->setText(record ? record->textState() : QString());
-    for (QPushButton *button : qAsConst(_actions))
+    _ui->_unit->setText(_element ? _element->title() : QString());
+    _ui->_description->setText(record ? record->value(QStringLiteral("description")).toString()
+                                      : QString());
+    _ui->_state->setText(record ? record->textState() : QString());
+    for (QPushButton *button : {_ui->_start, _ui->_stop, _ui->_restart, _ui->_reload})
         button->setEnabled(record && isEditable());
 }

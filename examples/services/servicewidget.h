@@ -4,8 +4,9 @@
 
 #include <QMetaObject>
 
-class QLabel;
-class QPushButton;
+namespace Ui {
+class ServiceWidget;
+}
 
 /**
  * The panel of one unit: its description and state, and the four actions of the service
@@ -17,14 +18,12 @@ class ServiceWidget : public ElementWidget
 
 public:
     explicit ServiceWidget(Module &module);
+    ~ServiceWidget() override;
 
     void setElement(Element *element, ElementWidgetRole role) override;
     void read() override;
 
 private:
-    QLabel *_unit;
-    QLabel *_description;
-    QLabel *_state;
-    QList<QPushButton *> _actions;
+    Ui::ServiceWidget *_ui;
     QMetaObject::Connection _changed;
 };

@@ -2,6 +2,10 @@
 
 #include "widgets/elementwidget.h"
 
+namespace Ui {
+class TasksWidget;
+}
+
 /**
  * The panel of the task examples: a task that succeeds after five seconds, one that fails, one
  * the user may stop from the observer, and a print preview of the element list.
@@ -12,10 +16,13 @@ class TasksWidget : public ElementWidget
 
 public:
     explicit TasksWidget(Module &module);
+    ~TasksWidget() override;
 
     /** The style sheet of the print preview, a Qt resource of this plug-in. */
     static QString styleSheetUrl();
 
 private:
     void printPreview();
+
+    Ui::TasksWidget *_ui;
 };
