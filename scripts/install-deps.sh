@@ -6,7 +6,7 @@ set -euo pipefail
 packages=(
     cmake ninja-build g++ pkg-config
     qtbase5-dev qttools5-dev qttools5-dev-tools libqt5xmlpatterns5-dev libqt5svg5-dev
-    adwaita-icon-theme
+    adwaita-icon-theme qttranslations5-l10n
     debhelper dpkg-dev doxygen reuse
     postgresql
     util-linux

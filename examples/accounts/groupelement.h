@@ -1,0 +1,15 @@
+#pragma once
+
+#include "element/element.h"
+
+/** One group: "name", "gid" and "members" (a string list) in its record. Read only. */
+class GroupElement : public Element
+{
+    Q_OBJECT
+
+public:
+    GroupElement(Module &module, const ElementData &record);
+
+    QString caption() const override;
+    QVariant data(int column, int role) const override;
+};
