@@ -17,7 +17,8 @@ QString filePath(Element *file)
 } // namespace
 
 ConfigEntriesHandler::ConfigEntriesHandler()
-    : RegExpHandler(QStringLiteral("^([A-Za-z_][A-Za-z0-9_.-]*)\\s*=\\s*(.*)$"))
+    // The value starts at its first non-blank: QRegExp may leave leading blanks to "(.*)".
+    : RegExpHandler(QStringLiteral("^([A-Za-z_][A-Za-z0-9_.-]*)\\s*=\\s*(|\\S.*)$"))
 { }
 
 QVector<ConfigEntry> ConfigEntriesHandler::read(const QString &path, QString &errors, bool *ok)

@@ -66,7 +66,13 @@ void ReadPgsqlContentTask::run()
     try {
         PgsqlManager manager;
         if (_version.isEmpty()) {
-            manager.readClusters();
+            QString unreadable;
+            try {
+                manager.readClusters();
+            } catch (const AppException &e) {
+                // One odd line (a cluster being created) must not hide the others.
+                unreadable = e.getText();
+            }
             for (const PgsqlCluster *c : manager.getClusters())
                 _clusters.append({{"version", c->version()},
                                   {"name", c->name()},
@@ -75,8 +81,10 @@ void ReadPgsqlContentTask::run()
                                   {"owner", c->owner()},
                                   {"dataDirectory", c->dataDirectory()},
                                   {"logFile", c->logFile()}});
-            taskDescription().setStatus(TaskDescription::Success);
-            taskDescription().setMessage(tr("%n cluster(s)", nullptr, _clusters.size()));
+            taskDescription().setStatus(unreadable.isEmpty() ? TaskDescription::Success
+                                                             : TaskDescription::Warning);
+            taskDescription().setMessage(
+                unreadable.isEmpty() ? tr("%n cluster(s)", nullptr, _clusters.size()) : unreadable);
         } else if (geteuid() != 0) {
             taskDescription().setStatus(TaskDescription::Warning);
             taskDescription().setMessage(tr("Only root can list the users of a cluster."));
@@ -98,7 +106,10 @@ void ReadPgsqlContentTask::run()
 
 void ReadPgsqlContentTask::afterRun()
 {
-    if (_container && taskDescription().status() == TaskDescription::Success) {
+    const TaskDescription::TaskStatus status = taskDescription().status();
+    if (_container
+        && (status == TaskDescription::Success
+            || (status == TaskDescription::Warning && !_clusters.isEmpty()))) {
         Module &module = _container->module();
         _container->clearDelete();
         QList<TreeNode *> children;
