@@ -103,8 +103,10 @@ QString ConfigFileElement::caption() const
 
 QVariant ConfigFileElement::data(int column, int role) const
 {
-    if (column == 0 && role == Qt::DisplayRole)
-        return QFileInfo(elementData()->value("filePath").toString()).fileName();
+    if (column == 0 && role == Qt::DisplayRole) {
+        const QString name = QFileInfo(elementData()->value("filePath").toString()).fileName();
+        return name.isEmpty() ? tr("Configuration file") : name;
+    }
     if (column == 0 && role == Qt::DecorationRole)
         return QIcon::fromTheme(QStringLiteral("text-x-generic"));
     return OrdinaryElement::data(column, role);
