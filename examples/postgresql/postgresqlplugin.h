@@ -43,9 +43,9 @@ public:
 
 /** Element types: the folder of clusters, a cluster (its users inside) and a user. */
 namespace PgsqlTypes {
-inline const char *folder = "pgClusters";
-inline const char *cluster = "pgCluster";
-inline const char *user = "pgUser";
+constexpr const char *folder = "pgClusters";
+constexpr const char *cluster = "pgCluster";
+constexpr const char *user = "pgUser";
 } // namespace PgsqlTypes
 
 /** A container element of this plug-in: the folder or one cluster. */
