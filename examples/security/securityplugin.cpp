@@ -1,0 +1,44 @@
+#include "securityplugin.h"
+
+#include "element/elementdata.h"
+#include "securitywidget.h"
+
+SecurityPlugin::SecurityPlugin()
+{
+    _name = tr("Security options");
+    _description = tr("The switches of the security monitor tool, shown read only");
+    _modules << new SecurityModule(this);
+}
+
+SecurityModule::SecurityModule(QObject *parent)
+    : Module(QStringLiteral("security"), parent, false)
+{
+    _expectedDepth = 1;
+    _moduleData->insert(QStringLiteral("description"), tr("Security options"));
+    _elementNodes << new SecurityOptionsElement(*this);
+    insertElementWidget(new SecurityOptionsWidget(*this));
+    connectElementWidgets();
+}
+
+SecurityOptionsElement::SecurityOptionsElement(Module &module)
+    : OrdinaryElement(module, &Module::defaultFalse)
+{
+    _elementType = QStringLiteral("securityOptions");
+    _title = _id = QStringLiteral("SecurityOptions");
+    _expectedDepth = 1;
+    _elementData = new ElementData;
+}
+
+QString SecurityOptionsElement::caption() const
+{
+    return tr("Security options");
+}
+
+QVariant SecurityOptionsElement::data(int column, int role) const
+{
+    if (column == 0 && role == Qt::DisplayRole)
+        return tr("Security options");
+    if (column == 0 && role == Qt::DecorationRole)
+        return QIcon::fromTheme(QStringLiteral("security-high"));
+    return OrdinaryElement::data(column, role);
+}
