@@ -22,7 +22,9 @@ ConfigEntriesModule::ConfigEntriesModule(QObject *parent)
     : Module(QStringLiteral("configEntries"), parent, false)
 {
     _expectedDepth = 1;
-    _moduleData->insert(QStringLiteral("description"), tr("Configuration entries"));
+    // The tool shows the title in its module tree; the id stays the settings key.
+    _moduleData->insert(QStringLiteral("title"), tr("Configuration entries"));
+    _moduleData->insert(QStringLiteral("description"), tr("Key=value lines of one file"));
     QString error;
     const QString path = configFilePath(&error);
     auto *file = new ConfigFileElement(*this, path);
@@ -42,7 +44,9 @@ QString ConfigEntriesModule::configFilePath(QString *error)
         return QFileInfo(chosen).absoluteFilePath();
 
     const QString dir = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
-    const QString copy = dir + QStringLiteral("/adduser.conf");
+    // The machine's own release description: a key=value file that every Debian system has
+    // with live entries (adduser.conf ships with all of them commented out).
+    const QString copy = dir + QStringLiteral("/os-release");
     const QFileInfo info(copy);
     // Never write through a link someone else may have put there.
     if (info.isSymLink()) {
@@ -55,7 +59,7 @@ QString ConfigEntriesModule::configFilePath(QString *error)
         *error = tr("Cannot create the directory %1.").arg(dir);
         return QString();
     }
-    if (QFile::copy(QStringLiteral("/etc/adduser.conf"), copy)) {
+    if (QFile::copy(QStringLiteral("/etc/os-release"), copy)) {
         QFile::setPermissions(copy, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
         return copy;
     }
@@ -91,6 +95,8 @@ ConfigFileElement::ConfigFileElement(Module &module, const QString &path)
 {
     _elementType = QStringLiteral("configFile");
     _title = _id = QStringLiteral("ConfigFile");
+    // The tool narrows its element tree to the chosen module by this group.
+    _groupElementType = module.id();
     _expectedDepth = 1;
     _elementData = new ElementData;
     _elementData->insert(QStringLiteral("filePath"), path);

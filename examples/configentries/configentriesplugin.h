@@ -29,7 +29,7 @@ public:
     explicit ConfigEntriesModule(QObject *parent);
 
     /**
-     * The file to edit. Without an explicit choice, a copy of /etc/adduser.conf (or a short
+     * The file to edit. Without an explicit choice, a copy of /etc/os-release (or a short
      * sample) made once in the data directory; empty when that copy cannot be made.
      */
     static QString configFilePath(QString *error);

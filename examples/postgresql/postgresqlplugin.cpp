@@ -37,7 +37,9 @@ PostgresqlModule::PostgresqlModule(QObject *parent)
     : Module(QStringLiteral("postgresql"), parent, false)
 {
     _expectedDepth = 1;
-    _moduleData->insert(QStringLiteral("description"), tr("PostgreSQL clusters"));
+    // The tool shows the title in its module tree; the id stays the settings key.
+    _moduleData->insert(QStringLiteral("title"), tr("PostgreSQL"));
+    _moduleData->insert(QStringLiteral("description"), tr("PostgreSQL clusters and their users"));
     _elementNodes << new PgsqlContainerElement(*this);
     for (const char *type : {PgsqlTypes::folder, PgsqlTypes::cluster, PgsqlTypes::user})
         insertElementWidget(new PgsqlElementWidget(*this, QLatin1String(type)));
@@ -74,6 +76,8 @@ PgsqlContainerElement::PgsqlContainerElement(Module &module)
 {
     _elementType = QLatin1String(PgsqlTypes::folder);
     _title = _id = QStringLiteral("PostgreSQL");
+    // The tool narrows its element tree to the chosen module by this group.
+    _groupElementType = module.id();
     _expectedDepth = 1;
     _elementData = new ElementData;
 }

@@ -14,7 +14,9 @@ SecurityModule::SecurityModule(QObject *parent)
     : Module(QStringLiteral("security"), parent, false)
 {
     _expectedDepth = 1;
-    _moduleData->insert(QStringLiteral("description"), tr("Security options"));
+    // The tool shows the title in its module tree; the id stays the settings key.
+    _moduleData->insert(QStringLiteral("title"), tr("Security options"));
+    _moduleData->insert(QStringLiteral("description"), tr("Switches of the security monitor"));
     _elementNodes << new SecurityOptionsElement(*this);
     insertElementWidget(new SecurityOptionsWidget(*this));
     connectElementWidgets();
@@ -25,6 +27,8 @@ SecurityOptionsElement::SecurityOptionsElement(Module &module)
 {
     _elementType = QStringLiteral("securityOptions");
     _title = _id = QStringLiteral("SecurityOptions");
+    // The tool narrows its element tree to the chosen module by this group.
+    _groupElementType = module.id();
     _expectedDepth = 1;
     _elementData = new ElementData;
 }
