@@ -190,7 +190,6 @@ void TestPgsqlManager::usernames_data()
         QTest::newRow(name) << QByteArray(output) << users;
     };
     row("no rows", " usename \n---------\n(0 rows)\n\n", "");
-    row("one row", " usename \n---------\n postgres\n(1 row)\n", "postgres");
     row("two rows, trimmed", " usename  \n----------\n postgres\n  al ice \n(2 rows)\n\n",
         "postgres,al ice");
     row("no row count", " usename \n---------\n postgres\n", "!");
@@ -299,34 +298,23 @@ void TestPgsqlManager::checkRealCluster()
     cluster->start();
     QVERIFY(cluster->isWork());
 
+    // Hostile names name exactly one role each and run nothing; an existing or unknown name
+    // runs no SQL and is no error.
     const QStringList before = cluster->usernames();
-    QVERIFY2(before.contains("postgres") && !before.contains("ovt_user"),
-             qPrintable(before.join(',')));
-    cluster->createUser("ovt_user");
-    QVERIFY(cluster->usernames().contains("ovt_user"));
-    cluster->createUser("ovt_user"); // exists: no SQL, no error
-    cluster->deleteUser("ovt_user");
-    QCOMPARE(cluster->usernames(), before);
-    cluster->deleteUser("ovt_user"); // unknown: no SQL, no error
-
-    // Hostile names name exactly one role each and run nothing.
+    QVERIFY2(before.contains("postgres") && !before.contains("a"), qPrintable(before.join(',')));
     const QString marker = QStringLiteral("/tmp/ovt-injected-%1").arg(getpid());
-    const QStringList hostile {"$(touch " + marker + ')',
-                               "a`touch " + marker + '`',
-                               "x\"y",
-                               "x; alter user x superuser",
-                               "Bob",
-                               "a$b"};
-    cluster->createUser("a");
-    for (const QString &name : hostile)
+    const QStringList names {"a",    "$(touch " + marker + ')',   "a`touch " + marker + '`',
+                             "x\"y", "x; alter user x superuser", "Bob",
+                             "a$b"};
+    for (const QString &name : names + QStringList {"a"})
         cluster->createUser(name);
-    QStringList all = cluster->usernames(), wanted = before + QStringList {"a"} + hostile;
+    QStringList all = cluster->usernames(), wanted = before + names;
     all.sort();
     wanted.sort();
     QCOMPARE(all, wanted);
     cluster->deleteUser("a$b");
     QVERIFY(cluster->usernames().contains("a"));
-    for (const QString &name : hostile + QStringList {"a"})
+    for (const QString &name : names + QStringList {"a"})
         cluster->deleteUser(name);
     QCOMPARE(cluster->usernames(), before);
     QVERIFY(!QFile::remove(marker));
@@ -336,17 +324,6 @@ void TestPgsqlManager::checkRealCluster()
     } catch (const AppException &e) {
         QVERIFY2(e.getText().contains("no_such_table"), qPrintable(e.getText()));
     }
-
-    // The real listing, read through the pool thread, shows the cluster now running.
-    PgsqlManagerAsync async;
-    QSignalSpy exceptions(&async, &PgsqlManagerAsync::exceptionArise);
-    QSignalSpy readed(&async, &PgsqlManagerAsync::clustersReaded);
-    async.startReadClusters();
-    QTRY_COMPARE_WITH_TIMEOUT(readed.count(), 1, 30000);
-    QCOMPARE(exceptions.count(), 0);
-    const auto clusters = readed.first().first().value<QList<PgsqlCluster *>>();
-    const QString expected = describe({cluster.get()}).replace("|down|", "|online|");
-    QVERIFY2(describe(clusters).split(';').contains(expected), qPrintable(describe(clusters)));
 }
 
 QTEST_GUILESS_MAIN(TestPgsqlManager)

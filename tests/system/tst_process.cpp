@@ -25,15 +25,9 @@ void TestProcess::appException()
     const AppException copy = AppException(QStringLiteral("Paquet « introuvable »"));
     // what() must stay valid in copies: exceptions are copied when thrown.
     QCOMPARE(QByteArray(copy.what()), QStringLiteral("Paquet « introuvable »").toLocal8Bit());
-    // raise() is QException's own: rethrown through a future, the type is lost on purpose.
-    try {
-        copy.raise();
-    } catch (const AppException &) {
-        QFAIL("must arrive as a plain QException");
-    } catch (const QException &) {
-        return;
-    }
-    QFAIL("raise() did not throw");
+    // raise() stays QException's own: rethrown through a future, the type is lost on purpose.
+    QVERIFY_EXCEPTION_THROWN(
+        try { copy.raise(); } catch (const AppException &) {}, QException);
 }
 
 void TestProcess::simpleStart_data()
@@ -97,7 +91,6 @@ void TestProcess::isInstalled_data()
     // dpkg itself is installed wherever dpkg-query runs.
     row("real: installed", "dpkg", "real", "true");
     row("real: unknown", "ovt-no-such-package-xyz", "real", "false");
-    row("real: glob", "dpk[g]", "real", "true");
     row("installed", "p", "install ok installed\\n", "true");
     row("config files only: anchored", "p", "deinstall ok config-files\\n", "false");
     row("half-installed: prefix only", "p", "install ok half-installed\\n", "true");
