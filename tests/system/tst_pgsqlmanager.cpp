@@ -9,6 +9,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+using namespace OvtTest;
+
 #include <memory>
 
 namespace {
@@ -21,7 +23,7 @@ QString describe(const QList<PgsqlCluster *> &clusters)
                                c->status(),  c->owner(), c->dataDirectory(),
                                c->logFile()}
                       .join('|');
-    return result.join(';');
+    return result.join(',');
 }
 
 // The fake cluster tools first on PATH, printing @p output.
@@ -126,38 +128,29 @@ private:
 
 void TestPgsqlManager::readClustersAsync_data()
 {
-    QTest::addColumn<QByteArray>("output");
-    QTest::addColumn<QByteArray>("exitCode");
-    QTest::addColumn<int>("starts");
-    QTest::addColumn<QStringList>("signalLog");
-
-    const auto row = [](const char *name, const char *output, const char *exitCode, int starts,
-                        const QStringList &log) {
-        QTest::newRow(name) << QByteArray(output) << QByteArray(exitCode) << starts << log;
-    };
-    const char *two = "13  main    5432 online o /d /l\n\n15 b 2 down o /d15 /l15\n";
-    const QString read = "read(13|main|5432|online|o|/d|/l;15|b|2|down|o|/d15|/l15)";
-    row("blank dropped, padded columns split", two, "0", 1, {read});
+    // The listing ("\\n": line feed, "\\t": tab); the exit code; starts at once; the signals.
+    table();
+    const QString two = "13  main    5432 online o /d /l\\n\\n15 b 2 down o /d15 /l15\\n;";
+    const QString read = "read(13|main|5432|online|o|/d|/l,15|b|2|down|o|/d15|/l15)";
+    row("blank dropped, padded columns split", two + "0; 1;" + read);
     // Neither start waits for the other, and each run reports a whole list of its own.
-    row("two runs at once", two, "0", 2, {read, read});
+    row("two runs at once", two + "0; 2;" + read + ' ' + read);
     row("log file keeps its blanks, port decimal only",
-        "\t9 a 1 up o /d /l x  \n9 b 1e2 up o /d /l", "0", 1,
-        {"exception(Cluster info not valid '9 b 1e2 up o /d /l')", "read(9|a|1|up|o|/d|/l x)"});
-    row("six fields: failure, clusters so far", "1 a 1 up o /d /l\n1 b 2 up o /d\n1 c 3 up o /d /l",
-        "0", 1, {"exception(Cluster info not valid '1 b 2 up o /d')", "read(1|a|1|up|o|/d|/l)"});
-    row("tool fails", "", "2", 1,
-        {"exception(Process 'pg_lsclusters --no-header' execute with error code '2'. no access\n)",
-         "read()"});
+        "\\t9 a 1 up o /d /l x  \\n9 b 1e2 up o /d /l; 0; 1;"
+        "exception(Cluster info not valid '9 b 1e2 up o /d /l') read(9|a|1|up|o|/d|/l x)");
+    row("six fields: failure, clusters so far",
+        "1 a 1 up o /d /l\\n1 b 2 up o /d\\n1 c 3 up o /d /l; 0; 1;"
+        "exception(Cluster info not valid '1 b 2 up o /d') read(1|a|1|up|o|/d|/l)");
+    row("tool fails",
+        "; 2; 1; exception(Process 'pg_lsclusters --no-header' execute with error "
+        "code '2'. no access\n) read()");
 }
 
 void TestPgsqlManager::readClustersAsync()
 {
-    QFETCH(QByteArray, output);
-    QFETCH(QByteArray, exitCode);
-    QFETCH(int, starts);
-    QFETCH(QStringList, signalLog);
-
-    FakeTools tools(output, exitCode);
+    const auto [listing, exitCode, starts, signalLog] = fields<4>();
+    const QByteArray output = listing.toLatin1().replace("\\n", "\n").replace("\\t", "\t");
+    FakeTools tools(output, exitCode.toLatin1());
     PgsqlManagerAsync async;
     QStringList log;
     QList<QThread *> threads;
@@ -174,10 +167,10 @@ void TestPgsqlManager::readClustersAsync()
     });
     // Every run waits in the tool until all have started: a start that waited for the run in
     // progress would never return before the tool gives up.
-    for (int i = 0; i < starts; ++i)
+    for (int i = 0; i < starts.toInt(); ++i)
         async.startReadClusters();
     QVERIFY(writeFile(tools.dir.filePath("gate"), ""));
-    QTRY_COMPARE_WITH_TIMEOUT(log, signalLog, 20000);
+    QTRY_COMPARE_WITH_TIMEOUT(log.join(' '), signalLog, 20000);
     QCOMPARE(threads.count(QThread::currentThread()), threads.size());
 }
 
@@ -290,7 +283,7 @@ void TestPgsqlManager::checkRealCluster()
     manager.readClusters();
     for (const ThrowawayCluster *c : {_cluster.get(), _second.get()}) {
         std::unique_ptr<PgsqlCluster> alone(PgsqlCluster::fromString(c->line));
-        QVERIFY2(describe(manager.getClusters()).split(';').contains(describe({alone.get()})),
+        QVERIFY2(describe(manager.getClusters()).split(',').contains(describe({alone.get()})),
                  qPrintable(describe(manager.getClusters())));
     }
     std::unique_ptr<PgsqlCluster> cluster(PgsqlCluster::fromString(_cluster->line));
