@@ -108,6 +108,9 @@ private Q_SLOTS:
         const QVariant after = stored.isEmpty() ? QVariant() : QVariant(stored == "true");
 
         std::unique_ptr<Module> module = makeModule(kind);
+        if (kind != "module") // placed where asked
+            QCOMPARE(QString::number(module->expectedDepth()) + module->expectedParentId(),
+                     "2users");
         QVERIFY(!module->setData(0, Qt::Checked, Qt::CheckStateRole));
         // A module's box starts checked: only unchecking is a change.
         QCOMPARE(module->setData(1, value.toInt(), Qt::CheckStateRole),
