@@ -93,6 +93,7 @@ void TestRegExpHandler::read_data()
     table();
     row("null line, captures set", "a = 1\\n  b=two words  \\n; null:a=1 null:b=two words");
     row("comments and blanks skipped", "# a = 1\\n\\n   \\t\\n  #b=2\\nc = 3 # d = 4\\n; null:c=3");
+    row("last line without LF", "a = 1\\nb = 2; null:a=1 null:b=2");
     row("missing", "<missing>; ^earlier\n\"%P\" not exists$");
     row("directory", "<directory>; ^earlier\n\"%P\" error 5\n[^\n]+$");
 }
