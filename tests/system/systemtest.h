@@ -1,5 +1,7 @@
 #pragma once
 
+#include "treestring.h"
+
 #include <QFile>
 #include <QProcess>
 #include <QString>

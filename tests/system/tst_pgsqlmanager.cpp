@@ -10,6 +10,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+using namespace OvtTest;
+
 #include <memory>
 
 namespace {
@@ -22,7 +24,7 @@ QString describe(const QList<PgsqlCluster *> &clusters)
                                c->status(),  c->owner(), c->dataDirectory(),
                                c->logFile()}
                       .join('|');
-    return result.join(';');
+    return result.join(',');
 }
 
 // The fake cluster tools first on PATH, printing @p output.
@@ -81,38 +83,29 @@ private:
 
 void TestPgsqlManager::readClustersAsync_data()
 {
-    QTest::addColumn<QByteArray>("output");
-    QTest::addColumn<QByteArray>("exitCode");
-    QTest::addColumn<int>("starts");
-    QTest::addColumn<QStringList>("signalLog");
-
-    const auto row = [](const char *name, const char *output, const char *exitCode, int starts,
-                        const QStringList &log) {
-        QTest::newRow(name) << QByteArray(output) << QByteArray(exitCode) << starts << log;
-    };
-    const char *two = "13  main    5432 online o /d /l\n\n15 b 2 down o /d15 /l15\n";
-    const QString read = "read(13|main|5432|online|o|/d|/l;15|b|2|down|o|/d15|/l15)";
-    row("blank dropped, padded columns split", two, "0", 1, {read});
+    // The listing ("\\n": line feed, "\\t": tab); the exit code; starts at once; the signals.
+    table();
+    const QString two = "13  main    5432 online o /d /l\\n\\n15 b 2 down o /d15 /l15\\n;";
+    const QString read = "read(13|main|5432|online|o|/d|/l,15|b|2|down|o|/d15|/l15)";
+    row("blank dropped, padded columns split", two + "0; 1;" + read);
     // Neither start waits for the other, and each run reports a whole list of its own.
-    row("two runs at once", two, "0", 2, {read, read});
+    row("two runs at once", two + "0; 2;" + read + ' ' + read);
     row("log file keeps its blanks, port decimal only",
-        "\t9 a 1 up o /d /l x  \n9 b 1e2 up o /d /l", "0", 1,
-        {"exception(Cluster info not valid '9 b 1e2 up o /d /l')", "read(9|a|1|up|o|/d|/l x)"});
-    row("six fields: failure, clusters so far", "1 a 1 up o /d /l\n1 b 2 up o /d\n1 c 3 up o /d /l",
-        "0", 1, {"exception(Cluster info not valid '1 b 2 up o /d')", "read(1|a|1|up|o|/d|/l)"});
-    row("tool fails", "", "2", 1,
-        {"exception(Process 'pg_lsclusters --no-header' execute with error code '2'. no access\n)",
-         "read()"});
+        "\\t9 a 1 up o /d /l x  \\n9 b 1e2 up o /d /l; 0; 1;"
+        "exception(Cluster info not valid '9 b 1e2 up o /d /l') read(9|a|1|up|o|/d|/l x)");
+    row("six fields: failure, clusters so far",
+        "1 a 1 up o /d /l\\n1 b 2 up o /d\\n1 c 3 up o /d /l; 0; 1;"
+        "exception(Cluster info not valid '1 b 2 up o /d') read(1|a|1|up|o|/d|/l)");
+    row("tool fails",
+        "; 2; 1; exception(Process 'pg_lsclusters --no-header' execute with error "
+        "code '2'. no access\n) read()");
 }
 
 void TestPgsqlManager::readClustersAsync()
 {
-    QFETCH(QByteArray, output);
-    QFETCH(QByteArray, exitCode);
-    QFETCH(int, starts);
-    QFETCH(QStringList, signalLog);
-
-    FakeTools tools(output, exitCode);
+    const auto [listing, exitCode, starts, signalLog] = fields<4>();
+    const QByteArray output = listing.toLatin1().replace("\\n", "\n").replace("\\t", "\t");
+    FakeTools tools(output, exitCode.toLatin1());
     PgsqlManagerAsync async;
     QStringList log;
     QList<QThread *> threads;
@@ -129,10 +122,10 @@ void TestPgsqlManager::readClustersAsync()
     });
     // Every run waits in the tool until all have started: a start that waited for the run in
     // progress would never return before the tool gives up.
-    for (int i = 0; i < starts; ++i)
+    for (int i = 0; i < starts.toInt(); ++i)
         async.startReadClusters();
     QVERIFY(writeFile(tools.dir.filePath("gate"), ""));
-    QTRY_COMPARE_WITH_TIMEOUT(log, signalLog, 20000);
+    QTRY_COMPARE_WITH_TIMEOUT(log.join(' '), signalLog, 20000);
     QCOMPARE(threads.count(QThread::currentThread()), threads.size());
 }
 
@@ -145,7 +138,6 @@ void TestPgsqlManager::usernames_data()
         QTest::newRow(name) << QByteArray(output) << users;
     };
     row("no rows", " usename \n---------\n(0 rows)\n\n", "");
-    row("one row", " usename \n---------\n postgres\n(1 row)\n", "postgres");
     row("two rows, trimmed", " usename  \n----------\n postgres\n  al ice \n(2 rows)\n\n",
         "postgres,al ice");
     row("no row count", " usename \n---------\n postgres\n", "!");
@@ -246,7 +238,7 @@ void TestPgsqlManager::checkRealCluster()
     manager.readClusters();
     for (const ThrowawayCluster *c : {_cluster.get(), _second.get()}) {
         std::unique_ptr<PgsqlCluster> alone(PgsqlCluster::fromString(c->line));
-        QVERIFY2(describe(manager.getClusters()).split(';').contains(describe({alone.get()})),
+        QVERIFY2(describe(manager.getClusters()).split(',').contains(describe({alone.get()})),
                  qPrintable(describe(manager.getClusters())));
     }
     std::unique_ptr<PgsqlCluster> cluster(PgsqlCluster::fromString(_cluster->line));
@@ -254,34 +246,23 @@ void TestPgsqlManager::checkRealCluster()
     cluster->start();
     QVERIFY(cluster->isWork());
 
+    // Hostile names name exactly one role each and run nothing; an existing or unknown name
+    // runs no SQL and is no error.
     const QStringList before = cluster->usernames();
-    QVERIFY2(before.contains("postgres") && !before.contains("ovt_user"),
-             qPrintable(before.join(',')));
-    cluster->createUser("ovt_user");
-    QVERIFY(cluster->usernames().contains("ovt_user"));
-    cluster->createUser("ovt_user"); // exists: no SQL, no error
-    cluster->deleteUser("ovt_user");
-    QCOMPARE(cluster->usernames(), before);
-    cluster->deleteUser("ovt_user"); // unknown: no SQL, no error
-
-    // Hostile names name exactly one role each and run nothing.
+    QVERIFY2(before.contains("postgres") && !before.contains("a"), qPrintable(before.join(',')));
     const QString marker = QStringLiteral("/tmp/ovt-injected-%1").arg(getpid());
-    const QStringList hostile {"$(touch " + marker + ')',
-                               "a`touch " + marker + '`',
-                               "x\"y",
-                               "x; alter user x superuser",
-                               "Bob",
-                               "a$b"};
-    cluster->createUser("a");
-    for (const QString &name : hostile)
+    const QStringList names {"a",    "$(touch " + marker + ')',   "a`touch " + marker + '`',
+                             "x\"y", "x; alter user x superuser", "Bob",
+                             "a$b"};
+    for (const QString &name : names + QStringList {"a"})
         cluster->createUser(name);
-    QStringList all = cluster->usernames(), wanted = before + QStringList {"a"} + hostile;
+    QStringList all = cluster->usernames(), wanted = before + names;
     all.sort();
     wanted.sort();
     QCOMPARE(all, wanted);
     cluster->deleteUser("a$b");
     QVERIFY(cluster->usernames().contains("a"));
-    for (const QString &name : hostile + QStringList {"a"})
+    for (const QString &name : names + QStringList {"a"})
         cluster->deleteUser(name);
     QCOMPARE(cluster->usernames(), before);
     QVERIFY(!QFile::remove(marker));
@@ -291,17 +272,6 @@ void TestPgsqlManager::checkRealCluster()
     } catch (const AppException &e) {
         QVERIFY2(e.getText().contains("no_such_table"), qPrintable(e.getText()));
     }
-
-    // The real listing, read through the pool thread, shows the cluster now running.
-    PgsqlManagerAsync async;
-    QSignalSpy exceptions(&async, &PgsqlManagerAsync::exceptionArise);
-    QSignalSpy readed(&async, &PgsqlManagerAsync::clustersReaded);
-    async.startReadClusters();
-    QTRY_COMPARE_WITH_TIMEOUT(readed.count(), 1, 30000);
-    QCOMPARE(exceptions.count(), 0);
-    const auto clusters = readed.first().first().value<QList<PgsqlCluster *>>();
-    const QString expected = describe({cluster.get()}).replace("|down|", "|online|");
-    QVERIFY2(describe(clusters).split(';').contains(expected), qPrintable(describe(clusters)));
 }
 
 QTEST_GUILESS_MAIN(TestPgsqlManager)
