@@ -17,7 +17,7 @@ QString show(bool ok, const ClusterFields &f)
 {
     if (!ok)
         return QStringLiteral("(not a cluster line)");
-    return QStringList {f.version, f.name, QString::number(f.port), f.status, f.owner,
+    return QStringList {f.version,       f.name,   QString::number(f.port), f.status, f.owner,
                         f.dataDirectory, f.logFile}
         .join(QStringLiteral(" | "));
 }
@@ -55,8 +55,13 @@ bool reference(const QString &line, ClusterFields *fields)
         if (c < '0' || c > '9' || (port = port * 10 + (c.unicode() - '0')) > INT_MAX)
             return false;
     }
-    *fields = {words.at(0),   words.at(1),   int(port), words.at(3),
-               words.at(4),   words.at(5),   line.mid(starts.at(6)).trimmed()};
+    *fields = {words.at(0),
+               words.at(1),
+               int(port),
+               words.at(3),
+               words.at(4),
+               words.at(5),
+               line.mid(starts.at(6)).trimmed()};
     return true;
 }
 
@@ -85,10 +90,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     if (fields.port < 0 || fields.logFile.isEmpty() || fields.logFile != fields.logFile.trimmed())
         fail("bad port or log file", line, QString(), show(ok, fields));
     // Padded columns as the tool prints several clusters, written back from the fields.
-    const QString written = QStringLiteral("%1  %2\t%3 %4   %5 %6 %7")
-                                .arg(fields.version, fields.name, QString::number(fields.port),
-                                     fields.status, fields.owner, fields.dataDirectory,
-                                     fields.logFile);
+    const QString written
+        = QStringLiteral("%1  %2\t%3 %4   %5 %6 %7")
+              .arg(fields.version, fields.name, QString::number(fields.port), fields.status,
+                   fields.owner, fields.dataDirectory, fields.logFile);
     ClusterFields again;
     if (!Ovt::Internal::parseClusterLine(written, &again) || !same(again, fields))
         fail("the line written back parses differently", written, show(true, fields),

@@ -1,6 +1,6 @@
 // psql's answer to the user query, as the cluster helper reads it. Properties for any input: no
 // user name is empty, padded or spans lines, and the table psql would print for the names read
-// parses back to the same names.
+// parses back to the same names, as does the table printed for names taken from the input.
 
 #include "system/systemparsers_p.h"
 
@@ -32,6 +32,14 @@ QString table(const QStringList &users)
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     const QString output = QString::fromUtf8(reinterpret_cast<const char *>(data), int(size));
+    // The input as names too: whatever a name holds, its table reads back to it.
+    QStringList names;
+    for (const QString &name : output.split(QLatin1Char('\n')))
+        if (!name.isEmpty() && name == name.trimmed())
+            names << name;
+    QStringList read;
+    if (!Ovt::Internal::parseUserList(table(names), &read) || read != names)
+        fail("the table printed for these names reads differently", table(names), read);
     QStringList users {QStringLiteral("kept when the output is no table")};
     const QStringList before = users;
     if (!Ovt::Internal::parseUserList(output, &users)) {
