@@ -15,8 +15,10 @@ namespace {
 
 const QRegularExpression &userListPattern()
 {
+    // Anchored at the end, so that a user name reading like the row count ends no list early.
     static const QRegularExpression pattern(
-        QStringLiteral("\\s*usename\\s*-+\\s*(?P<users>.*?)\\s*\\((?P<count>\\d+)\\s+rows?\\)\\s*"),
+        QStringLiteral("\\s*usename\\s*-+\\s*(?P<users>.*?)\\s*\\((?P<count>\\d+)\\s+rows?\\)\\s*")
+            + QLatin1String("\\z"),
         QRegularExpression::DotMatchesEverythingOption);
     return pattern;
 }
@@ -140,8 +142,11 @@ bool parseUserList(const QString &output, QStringList *users)
     users->clear();
     const QStringList lines
         = match.captured(QStringLiteral("users")).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    for (const QString &user : lines)
-        users->append(user.trimmed());
+    for (const QString &line : lines) {
+        // A line of blanks names nobody: PostgreSQL has no empty user name.
+        if (const QString user = line.trimmed(); !user.isEmpty())
+            users->append(user);
+    }
     return true;
 }
 

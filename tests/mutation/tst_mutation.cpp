@@ -13,12 +13,14 @@
 #include "task/taskobserver.h"
 #include "task/taskobserverdialog.h"
 #include "task/taskobservermodel.h"
-#include "task/taskperformedevent.h"
 #include "treenode/choicefiltertreenodesortfilterproxymodel.h"
 #include "treenode/choicetreenodeproxymodel.h"
 #include "treenode/choicetreenodesortfilterproxymodel.h"
 #include "treenode/filtertreenodesortfilterproxymodel.h"
 #include "treenode/treenodemodel.h"
+#include "widgets/configurecheckmodel.h"
+#include "widgets/elementswidgetproxymodel.h"
+#include "widgets/nodeswidgetproxymodel.h"
 
 #include <QApplication>
 #include <QtTest>
@@ -67,8 +69,8 @@ using Adapter = std::tuple<QString, std::function<QString()>,
 struct TaskRow
 {
     Task *task;
-    QString title, message;
-    int status;
+    QString title, message; // the message shows once the task has run
+    int status, outcome;
 };
 
 } // namespace
@@ -79,7 +81,7 @@ class tst_Mutation : public QObject
 
 private slots:
     void initTestCase();
-    void cleanupTestCase() { _taskGuard.reset(), delete _observer; }
+    void cleanupTestCase() { _taskGuard.reset(), _pool.reset(), delete _observer; }
     void randomSteps();
     void sameNameIsAnnounced();
 
@@ -112,7 +114,12 @@ private:
         }
         return true;
     }
-    template<typename M> M *addModel(M *model, QAbstractItemModel *source);
+    template<typename M>
+    M *addModel(M *model, QAbstractItemModel *source, std::function<QString()> oracle = {});
+    static QString list(const QStringList &rows)
+    {
+        return rows.isEmpty() ? QString() : '[' + rows.join(' ') + ']';
+    }
     // What a model must show of a node: the oracle of every model, chosen by its type.
     bool shows(QAbstractItemModel *model, Node *node, const Path &path) const
     {
@@ -121,6 +128,11 @@ private:
         const int flags = proxy && !checked ? proxy->specialFlagsFilter() : 0;
         if (((flags & 1) && (node->flags & 1)) || ((flags & 2) && !(node->flags & 2)))
             return false;
+        if (!path.isEmpty() && qobject_cast<NodesWidgetProxyModel *>(model))
+            return false;
+        if (qobject_cast<ElementsWidgetProxyModel *>(model)) // column 0 alone: none to search
+            return path.isEmpty()
+                && !proxy->filterRegExp().isValid() + proxy->filterRegExp().isEmpty();
         if (auto *filter = dynamic_cast<FilterTreeNodeSortFilterProxyModel *>(model)) {
             // Accept columns name source columns; column 1 does not exist and so never matches.
             const QRegExp regExp = filter->filterRegExp();
@@ -159,6 +171,10 @@ private:
         QStringList rows;
         for (int row = 0; row < model->rowCount(parent); ++row) {
             const QModelIndex index = model->index(row, 0, parent);
+            if (!index.isValid()) { // a row without columns
+                rows << "?";
+                continue;
+            }
             QStringList texts;
             for (int column = 0; column < model->columnCount(parent); ++column)
                 texts << index.sibling(row, column).data().toString();
@@ -166,6 +182,10 @@ private:
             if (model == _choice)
                 text += QString(index.data(ChoiceRole).toBool() ? "+" : "")
                     + (_choice->flags(index) ? "" : "!");
+            const QVariant check = index.data(Qt::CheckStateRole);
+            if (!dynamic_cast<const TreeNodeModelExtension *>(model))
+                text += (check.isValid() ? check.toInt() ? "+" : "-" : "")
+                    + QString(model->flags(index) & Qt::ItemIsEnabled ? "" : "!");
             if (auto *nodes = dynamic_cast<const TreeNodeModelExtension *>(model)) {
                 TreeNode *node = nodes->toTreeNode(index);
                 text += '#' + (node ? node->id() : "null")
@@ -173,7 +193,7 @@ private:
             }
             rows << text + dump(model, index);
         }
-        return rows.isEmpty() ? QString() : '[' + rows.join(' ') + ']';
+        return list(rows);
     }
     QString expect(QAbstractItemModel *model, const QList<TreeNode *> &nodes,
                    const Path &path = {}) const
@@ -182,10 +202,11 @@ private:
         for (TreeNode *treeNode : nodes) {
             auto *node = static_cast<Node *>(treeNode);
             if (shows(model, node, path))
-                rows << text(model, node, path) + '#' + node->id()
-                        + expect(model, node->childNodes(), path + Path {node});
+                rows << (model->columnCount() ? text(model, node, path) + '#' + node->id()
+                                 + expect(model, node->childNodes(), path + Path {node})
+                                              : "?");
         }
-        return rows.isEmpty() ? QString() : '[' + rows.join(' ') + ']';
+        return list(rows);
     }
     void build(unsigned seed)
     {
@@ -194,6 +215,7 @@ private:
         _module.reset(new Module(QStringLiteral("mutation"), nullptr, false));
         _root = new ElementRootTreeNode(_owner);
         _checked = _blocked = {};
+        _items.clear(), _now.clear(), _loaded.clear(), _modes.clear();
         for (int i = 0; i < 12; ++i)
             if (Node *node = newNode(); rnd(3))
                 anyParent()->append(node);
@@ -208,13 +230,22 @@ private:
         addModel(new ElementSortFilterProxyModel(rnd(4)), _elementModel);
         auto *groupProxy = addModel(new GroupInvisibleElementSortFilterProxyModel, _elementModel);
         auto *selectableProxy = addModel(new SelectableElementSortFilterProxyModel, _elementModel);
+        const QList<QSortFilterProxyModel *> filters {
+            filterProxy, _choiceFilters.at(1),
+            addModel(new ListWidgetProxyModel(rnd(4)), _elementModel),
+            addModel(new NodesWidgetProxyModel(rnd(4)), _elementModel),
+            addModel(new ElementsWidgetProxyModel(rnd(4)), _elementModel)};
+        _checkList
+            = addModel(new CheckMiscModel, nullptr, [this] { return checkRows(_checkList); });
+        _configure
+            = addModel(new ConfigureCheckModel, nullptr, [this] { return checkRows(_configure); });
         _adapters << Adapter {"TaskObserverModel", [this] { return dump(_observer->model()); },
                               [this] {
                                   QStringList rows;
                                   for (const TaskRow &row : qAsConst(_tasks))
                                       rows << row.title + '|' + StatusTexts.value(row.status) + '|'
-                                              + row.message;
-                                  return rows.isEmpty() ? QString() : '[' + rows.join(' ') + ']';
+                                              + (row.status ? row.message : QString());
+                                  return list(rows);
                               }};
 
         const QList<std::function<void()>> steps {
@@ -255,8 +286,7 @@ private:
                     rnd(3) ? groupProxy->groupElementType() : pick(Groups), true);
             },
             [=] {
-                (rnd(2) ? filterProxy : _choiceFilters.at(1))
-                    ->setFilterRegExp(QRegExp(pick(Patterns)));
+                pick(filters)->setFilterRegExp(QRegExp(pick(Patterns)));
                 (rnd(2) ? filterProxy : columnsProxy)
                     ->setAcceptColumns(pick(QList<QSet<int>> {{}, {0}, {0, 1}}));
                 groupProxy->setGroupElementType(pick(Groups), false);
@@ -276,27 +306,26 @@ private:
             },
             std::bind(&tst_Mutation::tick, this),
             [this] { // perform a new task, or one already performed again
-                if (!_tasks.isEmpty() && _tasks.last().task && !rnd(4))
+                if (!_tasks.isEmpty() && _tasks.last().task && (!rnd(4) || _running > 60))
                     return _observer->performTask(_tasks.last().task);
-                const int id = _nextTask++;
-                auto *task = new Task(&_ledger, id % 1024, QStringLiteral("t%1").arg(id),
-                                      TaskDescription::TaskStatus(pick(Outcomes)),
-                                      QStringLiteral("m%1").arg(id));
+                const int id = _nextTask++, outcome = pick(Outcomes);
+                const QString title = QStringLiteral("t%1").arg(id);
+                auto *task
+                    = new Task(&_ledger, id % 1024, title, TaskDescription::TaskStatus(outcome),
+                               QStringLiteral("m%1").arg(id), &_gate);
                 ++_running;
-                _tasks << TaskRow {task, task->taskDescription().description(), {}, 0};
+                _tasks << TaskRow {task, title, QStringLiteral("m%1").arg(id), 0, outcome};
                 _observer->performTask(task);
             },
-            [this] {
-                const int row = rnd(_tasks.size() + 1) - 1;
-                if (row >= 0 && _tasks.at(row).task)
-                    complete(_tasks.at(row).task);
-            },
+            std::bind(&tst_Mutation::complete, this),
+            std::bind(&tst_Mutation::editCheckList, this),
         };
         _steps.clear();
-        const QList<int> weights {3, 2, 1, 1, 2, 1, 1, 1, 2, 3, 2, 2};
+        const QList<int> weights {3, 2, 1, 1, 2, 1, 1, 1, 2, 3, 2, 2, 3};
         const QStringList names {"insert",      "removeAt", "reload",  "extra root nodes",
                                  "data change", "group",    "filters", "delete",
-                                 "names",       "tick",     "perform", "complete"};
+                                 "names",       "tick",     "perform", "complete",
+                                 "check list"};
         for (int kind = 0; kind < steps.size(); ++kind)
             for (int i = 0; i < weights.at(kind); ++i)
                 _steps << [this, name = names.at(kind), step = steps.at(kind)] {
@@ -326,6 +355,48 @@ private:
         for (TreeNodeModel *model : {_treeModel, static_cast<TreeNodeModel *>(_elementModel)})
             paired ? model->nodesReset() : void();
     }
+    void editCheckList() // both lists alike: loads by name, clears, forbidden pairs, checks
+    {
+        const int kind = rnd(5), n = _items.size(), row = rnd(n + 1) - 1, value = rnd(3);
+        const QSet<QString> names = pickNames();
+        const bool checked = rnd(2);
+        kind == 0 ? _items = Titles.mid(rnd(3), rnd(6)), _now.clear() : void();
+        for (const QString &item : kind == 0 ? _items : QStringList())
+            _now << (names.contains(item) == checked);
+        for (CheckMiscModel *model : {_checkList, static_cast<CheckMiscModel *>(_configure)}) {
+            kind == 0 ? checked ? model->setDataChecked(_items, names)
+                                : model->setDataUnchecked(_items, names)
+                      : void();
+            kind == 1 ? model->clear() : void();
+            if (kind > 2)
+                QVERIFY2(model->setData(model->index(row, 0), value, Qt::CheckStateRole)
+                             == (row >= 0 && _now.at(row) != (value == 2)),
+                         qPrintable(where));
+        }
+        kind == 1 ? _items.clear(), _now.clear() : void();
+        for (int i = kind == 2 ? (_modes.clear(), rnd(4)) : 0; i > 0; --i)
+            _modes << rnd(n * n + 1);
+        kind == 2 ? _configure->setInCmpatibleModes(_modes) : void();
+        kind > 2 && row >= 0 ? void(_now[row] = value == 2) : void();
+        _loaded = kind < 2 ? _now : _loaded;
+    }
+    QString checkRows(CheckMiscModel *model) const
+    {
+        QStringList rows;
+        QSet<QString> add, remove;
+        for (int row = 0, n = _items.size(); row < n; ++row) {
+            bool locked = false;
+            for (int other = 0; other < n; ++other)
+                locked |= model == _configure && other != row && _now.at(other)
+                    && _modes.contains(qMin(row, other) * n + qMax(row, other));
+            rows << _items.at(row) + (locked ? "!" : _now.at(row) ? "+" : "-");
+            (_now.at(row) ? add : remove) << _items.at(row);
+            (_loaded.at(row) ? add : remove).remove(_items.at(row));
+        }
+        return list(rows)
+            + (add == model->dataToAdd() && remove == model->dataToRemove() ? ""
+                                                                            : "{changes differ}");
+    }
     void tick() // the user ticks or unticks a row
     {
         QModelIndex index;
@@ -340,26 +411,28 @@ private:
         if (changes)
             tick ? void(_checked.insert(name)) : void(_checked.remove(name));
     }
-    void complete(Task *task)
+    // The one worker runs the queue in order: the oldest task ends when the gate lets it.
+    void complete()
     {
-        auto row = std::find_if(_tasks.begin(), _tasks.end(),
-                                [=](const TaskRow &r) { return r.task == task; });
-        task->run();
-        *row = {nullptr, row->title, task->taskDescription().message(),
-                task->taskDescription().status()};
+        auto row
+            = std::find_if(_tasks.begin(), _tasks.end(), [](const TaskRow &r) { return r.task; });
+        if (row == _tasks.end())
+            return;
+        const int deletions = _ledger.deletions();
+        _gate.open.release();
+        QVERIFY2(QTest::qWaitFor([&] { return _ledger.deletions() > deletions; }, 30000),
+                 qPrintable(where));
+        row->task = nullptr, row->status = row->outcome;
         --_running;
         _problems += row->status != TaskDescription::Success;
         if (_running == 0 && _problems == 0)
             _tasks.clear();
-        TaskPerformedEvent event(task);
-        QCoreApplication::sendEvent(_observer, &event);
     }
     void teardown()
     {
         where = QStringLiteral("the end of a seed");
-        for (const TaskRow &row : QList<TaskRow>(_tasks))
-            if (row.task)
-                complete(row.task);
+        while (_running > 0)
+            complete();
         _dialog->reject();
         _tasks.clear();
         _problems = 0;
@@ -387,9 +460,17 @@ private:
     int _nextKey = 0;
     QString _what;
 
+    CheckMiscModel *_checkList = nullptr;
+    ConfigureCheckModel *_configure = nullptr;
+    QStringList _items; // the check lists' items, checked now and at loading, forbidden pairs
+    QList<bool> _now, _loaded;
+    QSet<int> _modes;
+
     TaskObserver *_observer = nullptr;
     TaskObserverDialog *_dialog = nullptr;
     std::unique_ptr<ModelTesterGuard> _taskGuard;
+    std::unique_ptr<Pool> _pool;
+    Gate _gate;
     Ledger _ledger {1024};
     QList<TaskRow> _tasks;
     int _running = 0, _problems = 0, _nextTask = 0;
@@ -406,9 +487,13 @@ void tst_Mutation::initTestCase()
                 fprintf(stderr, "mutation: stopped at %s\n", qPrintable(where));
             previous(type, context, message);
         });
-    // No worker runs here: each completion is delivered as the event a worker would post, in
-    // an order the seed chooses, so a seed replays exactly.
+    // One worker runs the tasks in the order they came, each when the seed lets the gate open,
+    // so a seed replays exactly.
     _observer = TaskObserver::instance();
+    _pool.reset(new Pool(1));
+    Ledger probe(1);
+    QVERIFY(Pool::open(new Task(&probe, 0)));
+    QTRY_COMPARE(probe.deletions(), 1);
     for (QWidget *widget : QApplication::topLevelWidgets())
         _dialog = _dialog ? _dialog : qobject_cast<TaskObserverDialog *>(widget);
     QVERIFY(_dialog);
@@ -436,7 +521,8 @@ void tst_Mutation::randomSteps()
           stepCount);
 }
 
-template<typename M> M *tst_Mutation::addModel(M *model, QAbstractItemModel *source)
+template<typename M>
+M *tst_Mutation::addModel(M *model, QAbstractItemModel *source, std::function<QString()> oracle)
 {
     if (auto *proxy = qobject_cast<QAbstractProxyModel *>(model))
         proxy->setSourceModel(source);
@@ -449,7 +535,7 @@ template<typename M> M *tst_Mutation::addModel(M *model, QAbstractItemModel *sou
         source = proxy->sourceModel();
     const bool extras = !qobject_cast<ElementModel *>(source ? source : model);
     _adapters << Adapter {name, [=] { return dump(model); },
-                          [=] {
+                          oracle ? oracle : [=] {
                               QList<TreeNode *> top = _root->childNodes();
                               return expect(model,
                                             extras ? _treeModel->extraRootChildNodes() + top : top);
