@@ -30,8 +30,9 @@ public:
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
     /**
-     * As CheckMiscModel, but announces every row (one check can lock or free any other) and
-     * refuses to check a row that conflicts with a checked one.
+     * As CheckMiscModel, but announces every row (one check can lock or free any other). A row
+     * that conflicts with a checked one is locked through its flags, so views cannot check it;
+     * code that sets its state directly is not refused.
      */
     bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
     using CheckMiscModel::data;
