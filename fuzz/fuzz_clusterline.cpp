@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The ovt-common developers
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
 // One pg_lsclusters line, as the cluster helper reads it, against a naive tokenizer. Properties
 // for any input: the six leading columns are single non-empty words, the log file is non-empty
 // and unpadded, and the line written back from the fields parses to the same fields.

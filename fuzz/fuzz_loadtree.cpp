@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The ovt-common developers
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
 // loadTreeFromList against a naive reference. Each three input bytes make one node: its depth
 // (1 to 4 below a root at 0), its id and its expected parent id, from a small alphabet with
 // case, non-ASCII and surrogate pairs, so that ids collide and their ordering matters. A node

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The ovt-common developers
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
 // Configuration-file rewriting against a naive line-by-line reference. Input: one byte choosing
 // the pattern and whether a backup is kept, then the handler's script up to the first NUL (one
 // byte per matching line: keep it, replace it and say so, or change it and say nothing; a last

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The ovt-common developers
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
 // The security monitor's switch list, as the helper reads it, against a naive key-table reference
 // of the documented record. Properties for any input: the records or exactly one documented
 // message; and grouped the helper's way, each group's switches come in reverse list order.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The ovt-common developers
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
 // psql's answer to the user query, as the cluster helper reads it. Properties for any input: no
 // user name is empty, padded or spans lines, and the table psql would print for the names read
 // parses back to the same names, as does the table printed for names taken from the input.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The ovt-common developers
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
 // Runs LLVMFuzzerTestOneInput over files and directories of files, as libFuzzer does with
 // -runs=0, for builds without libFuzzer. Arguments starting with '-' are libFuzzer's and ignored.
 

@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The ovt-common developers
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # Installs what is missing and configures the development build (build/, or $OVT_BUILD_DIR),
 # with the translations read from the build tree. Prints the build directory's absolute path.
 # Extra CMake arguments come from $OVT_CMAKE_ARGS or from this script's arguments.

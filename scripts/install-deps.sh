@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The ovt-common developers
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # Installs the Debian packages that building, testing and running ovt-common need,
 # and only those that are missing. Works as root (CI) and as a user with sudo.
 set -euo pipefail

@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The ovt-common developers
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # Gives every tracked file a licence header, REUSE-style, so `reuse lint` passes:
 #   scripts/reuse-headers.sh [--dry-run]
 # Files that can hold a comment get one in their own syntax (after a "#!" line or an XML
@@ -21,7 +23,7 @@ trivial="${tag}-License-Identifier: CC0-1.0"
 # Files without room for a comment: .reuse/dep5 speaks for them.
 uncommentable() {
     case $1 in
-    *.json | *.png | *.jpg | *.svgz | *.ts | *.qm | debian/* | .reuse/* | LICENSES/*) return 0 ;;
+    *.json | *.png | *.jpg | *.svgz | *.ts | *.qm | debian/* | fuzz/corpus/* | .reuse/* | LICENSES/*) return 0 ;;
     esac
     return 1
 }
@@ -32,7 +34,7 @@ write_dep5() {
 Format: https://www.debian.org/doc/packaging-manuals/copyright-format/1.0/
 Upstream-Name: ovt-common
 
-Files: *.json *.png *.jpg *.svgz *.ts *.qm debian/*
+Files: *.json *.png *.jpg *.svgz *.ts *.qm debian/* fuzz/corpus/*
 Copyright: ${copyright#*: }
 License: ${library#*: }
 DEP5

@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The ovt-common developers
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # Builds the library and its tests with sanitizers and runs them.
 #   scripts/sanitize.sh address [ctest args...]   address + undefined behaviour, every test
 #   scripts/sanitize.sh thread  [ctest args...]   ThreadSanitizer, the task tests by default

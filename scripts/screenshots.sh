@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The ovt-common developers
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # Renders the README's screenshots of ovt-demo with every example plug-in loaded into
 # docs/screenshots/, offscreen. Builds the tool first (as demo.sh does).
 set -euo pipefail

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The ovt-common developers
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
 // Gathers the elements of modules holding 100,000 elements in total into an ElementContainer,
 // then filters them through the group proxy and the text filter proxy as views would, beside
 // QSortFilterProxyModel over a QStandardItemModel of the same shape. Run by hand:

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The ovt-common developers
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
 // Benchmark of the task pool: the round trip performTask -> afterRun through the real task
 // observer, and the throughput of pools of 1, 2 and 4 workers on tiny and on 1 ms tasks, each
 // next to QtConcurrent::run with a QFutureWatcher doing the same work. Prints a table.

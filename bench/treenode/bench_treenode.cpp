@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The ovt-common developers
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
 // Builds node trees of growing size with loadTreeFromList() and a TreeNodeModel over them,
 // walks the model as a view would, and sets the figures beside QStandardItemModel building and
 // walking the same shape. Run by hand: bench_treenode [sizes...] (default 10000 100000 1000000).

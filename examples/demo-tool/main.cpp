@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The ovt-common developers
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
 // ovt-demo: an administration tool built on ovt-common. It loads the plug-ins of one
 // directory, shows their modules, elements and element widgets, and runs their tasks on a
 // pool of two worker threads.

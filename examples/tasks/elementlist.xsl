@@ -1,4 +1,8 @@
 <?xml version="1.0" encoding="UTF-8"?>
+<!--
+SPDX-FileCopyrightText: 2026 The ovt-common developers
+SPDX-License-Identifier: LGPL-2.1-or-later
+-->
 <!-- The element list of the demo tool as an HTML table: one row per element, indented by its
      depth in the tree. The document carries its own (translated) labels:
      <elements title="" count="" element="" type="" details="">

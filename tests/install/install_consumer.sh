@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The ovt-common developers
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # Installs the built library into a temporary prefix, checks what landed there, compiles every
 # public header alone, builds the template plug-in and a small tool against the install (the
 # tool through find_package and through pkg-config) and runs the tool on the plug-in.

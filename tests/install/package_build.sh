@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The ovt-common developers
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # Builds the Debian packages from a copy of the source tree, unpacks them into a scratch root,
 # builds the template plug-in and a small tool against the unpacked -dev package, and runs the
 # tool (and the packaged demo tool) on the plug-in with the packaged library. Slow: a whole

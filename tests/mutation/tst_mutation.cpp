@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The ovt-common developers
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
 // Seeded random steps change a node tree, model settings and tasks; after each step every model
 // is compared whole with an oracle computed from the nodes alone, under Fatal model testers.
 // `--seed N --steps M` replays a failure; `--seeds K --steps M` searches seeds 1..K. A new model

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The ovt-common developers
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
 // A tool built against an installed ovt-common: it loads the plug-ins of one directory, gathers
 // their elements, and reads the first folder's content through the plug-in's task on a worker.
 // Both include styles of the installed headers work.
