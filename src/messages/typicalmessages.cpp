@@ -118,8 +118,10 @@ void TypicalMessages::unregistration(Plugin *plugin)
 
 void TypicalMessages::onPluginDestroyed(QObject *plugin)
 {
-    // The plug-in is half destroyed here: it serves only as a key, nothing of it is called.
-    unregistration(static_cast<Plugin *>(plugin));
+    // The plug-in is half destroyed here: its address serves only as a key, nothing of it is
+    // called. A checked downcast would look at a vtable that is already QObject's (QObject is
+    // Plugin's first and only base, so the addresses are the same).
+    unregistration(reinterpret_cast<Plugin *>(plugin));
 }
 
 TypicalMessage *TypicalMessages::findByKeyId(const QString &keyId) const

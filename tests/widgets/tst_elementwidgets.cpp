@@ -130,7 +130,7 @@ public:
         log << QStringLiteral("%1:%2")
                    .arg(element ? element->title() : QStringLiteral("widget"))
                    .arg(quint64(type), 0, 16);
-        auto *form = static_cast<UserForm *>(
+        auto *form = dynamic_cast<UserForm *>(
             elementWidget(element ? element->elementType() : QStringLiteral("user")));
         if (type == ReadContentOperation) {
             for (QString name :
