@@ -3,6 +3,8 @@
 
 #include "task/dummytask.h"
 
+#include "task/tsan_p.h"
+
 #include <QMutex>
 #include <QSet>
 #include <QThread>
@@ -21,14 +23,14 @@ DummyTask::DummyTask(Element *element, bool succeed)
 {
     _taskDescription.setDescription(tr("Dummy task"));
     if (!succeed) {
-        QMutexLocker locker(&failingMutex);
+        Tsan::MutexLocker locker(&failingMutex);
         failing.insert(this);
     }
 }
 
 DummyTask::~DummyTask()
 {
-    QMutexLocker locker(&failingMutex);
+    Tsan::MutexLocker locker(&failingMutex);
     failing.remove(this);
 }
 
@@ -37,7 +39,7 @@ void DummyTask::run()
     QThread::sleep(5);
     bool succeed;
     {
-        QMutexLocker locker(&failingMutex);
+        Tsan::MutexLocker locker(&failingMutex);
         succeed = !failing.contains(this);
     }
     if (succeed) {
