@@ -91,14 +91,6 @@ ChoiceWidget::ChoiceWidget(int nameColumn, QWidget *parent)
     connect(_choiceModel, &QAbstractItemModel::rowsInserted, this, &ChoiceWidget::expand);
     connect(_choiceModel, &QAbstractItemModel::modelReset, this, &ChoiceWidget::expand);
     connect(_ui->_filterLineEdit, &QLineEdit::textChanged, this, &ChoiceWidget::changeFilter);
-    // A blocked name follows its ancestor, but the choice model reports only the row the user
-    // ticked: the views judge the whole tree again so the followers move with it.
-    connect(_choiceModel, &QAbstractItemModel::dataChanged, this, [this] {
-        if (!_choiceModel->blockedNames().isEmpty()) {
-            _uncheckedModel->invalidate();
-            _checkedModel->invalidate();
-        }
-    });
 }
 
 ChoiceWidget::~ChoiceWidget()
