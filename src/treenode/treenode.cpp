@@ -55,24 +55,9 @@ TreeNode::~TreeNode()
     reset();
 }
 
-TreeNode *TreeNode::parentNode() const
-{
-    return _parentNode;
-}
-
 void TreeNode::setParentNode(TreeNode *parentNode)
 {
     _parentNode = parentNode;
-}
-
-const QList<TreeNode *> &TreeNode::childNodes() const
-{
-    return _childNodes;
-}
-
-int TreeNode::childNodesCount() const
-{
-    return _childNodes.size();
 }
 
 QString TreeNode::id() const
