@@ -212,9 +212,11 @@ int main(int argc, char **argv)
     const double firstReset = timer.nsecsElapsed() / 1e6;
     OVT_BENCH_PHASE_END("reset (first) | qt: build");
     const double rebuild = bestOf(
-        "reset (rebuild) | qt: build", repetitions, [] {}, [&] { container.pluginContainerReset(&pluginRoot); });
+        "reset (rebuild) | qt: build", repetitions, [] {},
+        [&] { container.pluginContainerReset(&pluginRoot); });
     const double standardBuild = bestOf(
-        "qt: build", repetitions, [&] { standard.clear(); }, [&] { buildStandard(standard, shape); });
+        "qt: build", repetitions, [&] { standard.clear(); },
+        [&] { buildStandard(standard, shape); });
     std::printf("%-44s %10s    %10s    %8s\n", "", "ovt-common", "Qt", "ratio");
     report("pluginContainerReset (first) / build", firstReset, standardBuild, total);
     report("pluginContainerReset (rebuild) / build", rebuild, standardBuild, total);
