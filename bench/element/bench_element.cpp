@@ -6,6 +6,7 @@
 // QSortFilterProxyModel over a QStandardItemModel of the same shape. Run by hand:
 // bench_element [elements] [repetitions] (default 100000 3).
 
+#include "../benchphase.h"
 #include "element/elementcontainer.h"
 #include "element/elementmodel.h"
 #include "element/groupinvisibleelementsortfilterproxymodel.h"
@@ -157,16 +158,19 @@ int walk(const QAbstractItemModel &model, const QModelIndex &parent = QModelInde
     return seen;
 }
 
-double bestOf(int repetitions, const std::function<void()> &prepare,
+// The stretch is named for callgrind (see benchphase.h).
+double bestOf(const char *stretch, int repetitions, const std::function<void()> &prepare,
               const std::function<void()> &measured)
 {
     double best = 1e30;
     for (int r = 0; r < repetitions; ++r) {
         prepare();
         QElapsedTimer timer;
+        OVT_BENCH_PHASE_BEGIN();
         timer.start();
         measured();
         best = std::min(best, timer.nsecsElapsed() / 1e6);
+        OVT_BENCH_PHASE_END(stretch);
     }
     return best;
 }
@@ -202,22 +206,26 @@ int main(int argc, char **argv)
 
     // Loading: the first reset builds the tree; a later one rebuilds it from the same modules.
     QElapsedTimer timer;
+    OVT_BENCH_PHASE_BEGIN();
     timer.start();
     container.pluginContainerReset(&pluginRoot);
     const double firstReset = timer.nsecsElapsed() / 1e6;
+    OVT_BENCH_PHASE_END("reset (first) | qt: build");
     const double rebuild = bestOf(
-        repetitions, [] {}, [&] { container.pluginContainerReset(&pluginRoot); });
+        "reset (rebuild) | qt: build", repetitions, [] {},
+        [&] { container.pluginContainerReset(&pluginRoot); });
     const double standardBuild = bestOf(
-        repetitions, [&] { standard.clear(); }, [&] { buildStandard(standard, shape); });
+        "qt: build", repetitions, [&] { standard.clear(); },
+        [&] { buildStandard(standard, shape); });
     std::printf("%-44s %10s    %10s    %8s\n", "", "ovt-common", "Qt", "ratio");
     report("pluginContainerReset (first) / build", firstReset, standardBuild, total);
     report("pluginContainerReset (rebuild) / build", rebuild, standardBuild, total);
 
     int walked = 0;
     const double modelWalk = bestOf(
-        repetitions, [] {}, [&] { walked = walk(*model); });
+        "walk | qt: walk", repetitions, [] {}, [&] { walked = walk(*model); });
     const double standardWalk = bestOf(
-        repetitions, [] {}, [&] { walk(standard); });
+        "qt: walk", repetitions, [] {}, [&] { walk(standard); });
     report("walk the whole model", modelWalk, standardWalk, walked);
 
     // Proxies: attach, then set the group or the expression, then walk what is shown.
@@ -228,7 +236,7 @@ int main(int argc, char **argv)
     standardGroup.setSourceModel(&standard);
     int shown = 0;
     const double groupSet = bestOf(
-        repetitions,
+        "group set | qt: group set", repetitions,
         [&] {
             group.setGroupElementType(QStringLiteral("Undefined"));
             walk(group);
@@ -238,7 +246,7 @@ int main(int argc, char **argv)
             shown = walk(group);
         });
     const double standardGroupSet = bestOf(
-        repetitions,
+        "qt: group set", repetitions,
         [&] {
             standardGroup.setFilterFixedString(QString());
             walk(standardGroup);
@@ -250,7 +258,7 @@ int main(int argc, char **argv)
     report("group proxy: set a group, walk", groupSet, standardGroupSet, shown);
 
     const double groupAll = bestOf(
-        repetitions,
+        "group all | qt: group all", repetitions,
         [&] {
             group.setGroupElementType(QStringLiteral("g3"));
             walk(group);
@@ -260,7 +268,7 @@ int main(int argc, char **argv)
             shown = walk(group);
         });
     const double standardGroupAll = bestOf(
-        repetitions,
+        "qt: group all", repetitions,
         [&] {
             standardGroup.setFilterFixedString(QStringLiteral("g3"));
             walk(standardGroup);
@@ -277,7 +285,7 @@ int main(int argc, char **argv)
     standardFilter.setSourceModel(&standard);
     const QRegExp expression(QStringLiteral("7"));
     const double filterSet = bestOf(
-        repetitions,
+        "filter set | qt: filter set", repetitions,
         [&] {
             filter.setFilterRegExp(QRegExp());
             walk(filter);
@@ -287,7 +295,7 @@ int main(int argc, char **argv)
             shown = walk(filter);
         });
     const double standardFilterSet = bestOf(
-        repetitions,
+        "qt: filter set", repetitions,
         [&] {
             standardFilter.setFilterRegExp(QRegExp());
             walk(standardFilter);
@@ -299,7 +307,7 @@ int main(int argc, char **argv)
     report("filter proxy: set a regexp, walk", filterSet, standardFilterSet, shown);
 
     const double filterClear = bestOf(
-        repetitions,
+        "filter clear | qt: filter clear", repetitions,
         [&] {
             filter.setFilterRegExp(expression);
             walk(filter);
@@ -309,7 +317,7 @@ int main(int argc, char **argv)
             shown = walk(filter);
         });
     const double standardFilterClear = bestOf(
-        repetitions,
+        "qt: filter clear", repetitions,
         [&] {
             standardFilter.setFilterRegExp(expression);
             walk(standardFilter);

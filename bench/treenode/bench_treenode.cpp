@@ -5,6 +5,7 @@
 // walks the model as a view would, and sets the figures beside QStandardItemModel building and
 // walking the same shape. Run by hand: bench_treenode [sizes...] (default 10000 100000 1000000).
 
+#include "../benchphase.h"
 #include "treenode/treenode.h"
 #include "treenode/treenodemodel.h"
 
@@ -96,10 +97,20 @@ void run(int count)
     });
     const double sort = ms(timer);
 
+    // Stretch names for callgrind (benchphase.h): "<what> | <reference>" is set against the
+    // reference.
+    const QByteArray size = QByteArray::number(count);
+    const QByteArray loadName = size + " load";
+    const QByteArray standardName = size + " qt: build";
+    const QByteArray loadRatioName = loadName + " | " + standardName;
+    const QByteArray teardownName = size + " teardown | " + loadRatioName;
+
     RootNode root;
+    OVT_BENCH_PHASE_BEGIN();
     timer.start();
     root.loadTreeFromList(nodes);
     const double load = ms(timer);
+    OVT_BENCH_PHASE_END(loadRatioName.constData());
 
     timer.start();
     TreeNodeModel model(&root);
@@ -112,6 +123,7 @@ void run(int count)
         std::fprintf(stderr, "visited %lld of %d nodes\n", visited, count);
 
     // The same shape as standard items, appended parent by parent in sorted order.
+    OVT_BENCH_PHASE_BEGIN();
     timer.start();
     QStandardItemModel standard;
     {
@@ -126,6 +138,7 @@ void run(int count)
             parents[i % top]->appendRow(new QStandardItem(idOf(i)));
     }
     const double standardBuild = ms(timer);
+    OVT_BENCH_PHASE_END(standardName.constData());
 
     timer.start();
     const qint64 standardVisited = walk(standard, QModelIndex(), Qt::DisplayRole);
@@ -141,10 +154,12 @@ void run(int count)
                 standardTraverse, build / standardBuild, traverse / standardTraverse);
     std::fflush(stdout);
 
+    OVT_BENCH_PHASE_BEGIN();
     timer.start();
     root.clear();
     qDeleteAll(nodes);
     const double teardown = ms(timer);
+    OVT_BENCH_PHASE_END(teardownName.constData());
     std::printf("%8s       | teardown (clear and delete) %.1f ms || ratio teardown / load %.2f, "
                 "load / QStandardItemModel build %.2f\n",
                 "", teardown, teardown / load, load / standardBuild);

@@ -3,6 +3,16 @@
 
 #include "elementmodel.h"
 
+#include "treenode/treenodemodelextension_p.h"
+
+namespace {
+
+// Answers every model question as the tree node model does, so proxies may read its rows
+// straight from the nodes.
+const OvtCommonPrivate::PlainTreeNodeModelClass plainClass(typeid(ElementModel));
+
+} // namespace
+
 ElementModel::ElementModel(QObject *parent)
     : TreeNodeModel(parent)
 { }

@@ -27,7 +27,8 @@ bool FilterTreeNodeSortFilterProxyModel::filterAcceptsRow(int sourceRow,
 
     const QAbstractItemModel *source = sourceModel();
     auto matches = [&](int column) {
-        const QString text = source->index(sourceRow, column, sourceParent).data().toString();
+        const QString text
+            = sourceRowData(sourceRow, column, sourceParent, Qt::DisplayRole).toString();
         return text.indexOf(expression, 0) != -1;
     };
     if (_acceptColumns.isEmpty()) {

@@ -55,24 +55,9 @@ TreeNode::~TreeNode()
     reset();
 }
 
-TreeNode *TreeNode::parentNode() const
-{
-    return _parentNode;
-}
-
 void TreeNode::setParentNode(TreeNode *parentNode)
 {
     _parentNode = parentNode;
-}
-
-const QList<TreeNode *> &TreeNode::childNodes() const
-{
-    return _childNodes;
-}
-
-int TreeNode::childNodesCount() const
-{
-    return _childNodes.size();
 }
 
 QString TreeNode::id() const
@@ -321,24 +306,41 @@ void TreeNode::loadTreeFromList(const QList<TreeNode *> &nodes)
         above.insert(node);
 
     // Sorted as (depth, id) keys held side by side: comparing them touches no node, which
-    // keeps the sort cache-friendly on big lists. The ids are not changed while loading. Equal
-    // keys are ordered by address, so a node listed twice ends up next to itself.
+    // keeps the sort cache-friendly on big lists. The first eight UTF-16 code units of the id
+    // are packed into two integers whose order is QString's order of those units (a shorter
+    // id is padded with zeros, which sorts it first, as QString does), so most comparisons
+    // never read the strings; ids that agree there are compared in full. The ids are not
+    // changed while loading. Equal keys are ordered by address, so a node listed twice ends
+    // up next to itself.
     struct Key
     {
         int depth;
+        quint64 prefix[2];
         QStringView id;
         TreeNode *node;
     };
+    auto makeKey = [](TreeNode *node) {
+        Key key {node->_expectedDepth, {0, 0}, QStringView(node->_id), node};
+        const QChar *units = key.id.data();
+        const qsizetype packed = std::min<qsizetype>(key.id.size(), 8);
+        for (qsizetype k = 0; k < packed; ++k)
+            key.prefix[k / 4] |= quint64(units[k].unicode()) << (48 - 16 * (k % 4));
+        return key;
+    };
     std::vector<Key> sorted;
     sorted.reserve(nodes.size() + 1);
-    sorted.push_back({_expectedDepth, QStringView(_id), this});
+    sorted.push_back(makeKey(this));
     for (TreeNode *node : nodes) {
         if (node && !above.contains(node))
-            sorted.push_back({node->_expectedDepth, QStringView(node->_id), node});
+            sorted.push_back(makeKey(node));
     }
     std::sort(sorted.begin() + 1, sorted.end(), [](const Key &a, const Key &b) {
         if (a.depth != b.depth)
             return a.depth < b.depth;
+        if (a.prefix[0] != b.prefix[0])
+            return a.prefix[0] < b.prefix[0];
+        if (a.prefix[1] != b.prefix[1])
+            return a.prefix[1] < b.prefix[1];
         // QString's own ordering (UTF-16 code units, then length), inlined: the library call
         // for each comparison cost as much as the comparing itself.
         const QChar *x = a.id.data();

@@ -28,11 +28,13 @@ public:
     /** Takes the node out of its parent (with signals) and detaches, not deletes, its children. */
     ~TreeNode() override;
 
-    TreeNode *parentNode() const;
+    // parentNode(), childNodes() and childNodesCount() are inline: models and proxies ask them
+    // for every row.
+    TreeNode *parentNode() const { return _parentNode; }
     /** Only stores the pointer; inserting and removing set it. */
     void setParentNode(TreeNode *parentNode);
-    const QList<TreeNode *> &childNodes() const;
-    int childNodesCount() const;
+    const QList<TreeNode *> &childNodes() const { return _childNodes; }
+    int childNodesCount() const { return _childNodes.size(); }
     QString id() const;
     void setId(const QString &id);
     QString expectedParentId() const;

@@ -6,6 +6,36 @@
 #include "treenode/treenode.h"
 #include "treenode/treenodemodelextension_p.h"
 
+#include <vector>
+
+namespace {
+
+// Filled while the library loads (namespace-scope registrations), read afterwards.
+std::vector<const std::type_info *> &plainClasses()
+{
+    static std::vector<const std::type_info *> classes {&typeid(TreeNodeModel)};
+    return classes;
+}
+
+} // namespace
+
+OvtCommonPrivate::PlainTreeNodeModelClass::PlainTreeNodeModelClass(const std::type_info &type)
+{
+    plainClasses().push_back(&type);
+}
+
+bool OvtCommonPrivate::isPlainTreeNodeModel(const QAbstractItemModel *model)
+{
+    if (!model)
+        return false;
+    const std::type_info &type = typeid(*model);
+    for (const std::type_info *plain : plainClasses()) {
+        if (*plain == type)
+            return true;
+    }
+    return false;
+}
+
 TreeNodeModel::TreeNodeModel(QObject *parent)
     : TreeNodeModel(nullptr, parent)
 { }

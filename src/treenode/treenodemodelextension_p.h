@@ -3,11 +3,15 @@
 
 #pragma once
 
+#include "treenode/treenode.h"
+#include "treenode/treenodemodel.h"
 #include "treenode/treenodemodelextension.h"
 
 #include <QAbstractItemModel>
 #include <QAbstractProxyModel>
 #include <QSet>
+
+#include <typeinfo>
 
 namespace OvtCommonPrivate {
 
@@ -81,6 +85,56 @@ inline QModelIndex proxyTreeNodeToIndex(const QAbstractProxyModel *proxy, TreeNo
     if (!node || !extension)
         return QModelIndex();
     return proxy->mapFromSource(extension->treeNodeToIndex(node));
+}
+
+// Whether @p model is a TreeNodeModel whose class answers index(), toTreeNode(), columnCount()
+// and data() exactly as TreeNodeModel does: TreeNodeModel itself, or a subclass registered with
+// PlainTreeNodeModelClass because it overrides none of them. Proxies then read the rows of such
+// a model straight from its nodes instead of building a source index for every question.
+bool isPlainTreeNodeModel(const QAbstractItemModel *model);
+
+// Registers a subclass of TreeNodeModel that changes none of its answers (see above); meant for
+// a namespace-scope object in the subclass's .cpp file.
+struct PlainTreeNodeModelClass
+{
+    explicit PlainTreeNodeModelClass(const std::type_info &type);
+};
+
+// toTreeNode(index(row, 0, parent)) of a plain model (isPlainTreeNodeModel), read from the
+// nodes: the node of the row, or what the model answers for an invalid index (its root) when
+// there is no such row.
+inline TreeNode *plainRowNode(const TreeNodeModel *model, int row, const QModelIndex &parent)
+{
+    TreeNode *parentNode = model->TreeNodeModel::toTreeNode(parent);
+    if (parentNode && row >= 0 && model->TreeNodeModel::columnCount(parent) > 0) {
+        const QList<TreeNode *> &extras = model->extraRootChildNodes();
+        if (parentNode == model->TreeNodeModel::rootNode()) {
+            if (row < extras.size())
+                return extras.at(row);
+            row -= extras.size();
+        }
+        if (row < parentNode->childNodesCount())
+            return parentNode->childNodes().at(row);
+    }
+    return model->TreeNodeModel::toTreeNode(QModelIndex());
+}
+
+// index(row, column, parent).data(role) of a plain model, read from the nodes.
+inline QVariant plainRowData(const TreeNodeModel *model, int row, int column,
+                             const QModelIndex &parent, int role)
+{
+    TreeNode *parentNode = model->TreeNodeModel::toTreeNode(parent);
+    if (!parentNode || row < 0 || column < 0 || column >= model->TreeNodeModel::columnCount(parent))
+        return QVariant();
+    const QList<TreeNode *> &extras = model->extraRootChildNodes();
+    if (parentNode == model->TreeNodeModel::rootNode()) {
+        if (row < extras.size())
+            return extras.at(row) ? extras.at(row)->data(column, role) : QVariant();
+        row -= extras.size();
+    }
+    if (row >= parentNode->childNodesCount())
+        return QVariant();
+    return parentNode->childNodes().at(row)->data(column, role);
 }
 
 } // namespace OvtCommonPrivate

@@ -74,6 +74,9 @@ const TreeNodeModelExtension *TreeNodeSortFilterProxyModel::sourceNodeModel() co
     const QAbstractItemModel *source = sourceModel();
     if (source != _castSource) {
         _sourceNodeModel = dynamic_cast<const TreeNodeModelExtension *>(source);
+        _plainSource = OvtCommonPrivate::isPlainTreeNodeModel(source)
+            ? static_cast<const TreeNodeModel *>(source)
+            : nullptr;
         _castSource = source;
     }
     return _sourceNodeModel;
@@ -83,8 +86,20 @@ TreeNode *TreeNodeSortFilterProxyModel::sourceRowNode(int sourceRow,
                                                       const QModelIndex &sourceParent) const
 {
     const TreeNodeModelExtension *extension = sourceNodeModel();
+    if (_plainSource)
+        return OvtCommonPrivate::plainRowNode(_plainSource, sourceRow, sourceParent);
     return extension ? extension->toTreeNode(sourceModel()->index(sourceRow, 0, sourceParent))
                      : nullptr;
+}
+
+QVariant TreeNodeSortFilterProxyModel::sourceRowData(int sourceRow, int column,
+                                                     const QModelIndex &sourceParent,
+                                                     int role) const
+{
+    sourceNodeModel();
+    if (_plainSource)
+        return OvtCommonPrivate::plainRowData(_plainSource, sourceRow, column, sourceParent, role);
+    return sourceModel()->index(sourceRow, column, sourceParent).data(role);
 }
 
 bool TreeNodeSortFilterProxyModel::acceptsNodeFlags(const TreeNode *node) const

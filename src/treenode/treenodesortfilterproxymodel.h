@@ -8,6 +8,8 @@
 #include <QSet>
 #include <QSortFilterProxyModel>
 
+class TreeNodeModel;
+
 /**
  * A sort/filter proxy over any model of a node tree that is itself such a model, so widgets
  * keep going from indexes to nodes through any stack of proxies.
@@ -54,6 +56,9 @@ protected:
     TreeNode *sourceRowNode(int sourceRow, const QModelIndex &sourceParent) const;
     /** Whether the special flags let a row with @p node through (null passes). */
     bool acceptsNodeFlags(const TreeNode *node) const;
+    /** The source's @p role data of (@p sourceRow, @p column) under @p sourceParent. */
+    QVariant sourceRowData(int sourceRow, int column, const QModelIndex &sourceParent,
+                           int role) const;
 
     int _specialFlagsFilter;
     QSet<int> _acceptColumns;
@@ -63,4 +68,7 @@ private:
     // every row cost more than the rest of judging it.
     mutable const QAbstractItemModel *_castSource = nullptr;
     mutable const TreeNodeModelExtension *_sourceNodeModel = nullptr;
+    // The source when it answers exactly as TreeNodeModel does: its rows are then read from the
+    // nodes, without a source index and a call through the model's interface for each.
+    mutable const TreeNodeModel *_plainSource = nullptr;
 };
