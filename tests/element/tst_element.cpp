@@ -270,7 +270,7 @@ void tst_Element::changeDisplay()
                 offers == "1" ? ChangeDisplayOperation : NoOperation);
     Ordinary a(*_module, "user", "a"), b(*_module, "user", "b");
     c.append(QList<TreeNode *> {&a, &b});
-    OvtTest::TreeNodeSignalRecorder recorder(&c);
+    OvtTest::SignalRecorder recorder(&c);
     _module->log.clear();
 
     ChangeDisplayElementData change(2);
@@ -282,7 +282,7 @@ void tst_Element::changeDisplay()
     const QStringList seen = QStringList {QString::number(c.displayChildrenVariant()),
                                           QString::number(a.displayChildrenVariant()),
                                           QString::number(b.displayChildrenVariant())}
-        + recorder.recorded();
+        + recorder.log;
     QCOMPARE(seen.join(' '), expected);
     QCOMPARE(_module->log, QStringList());
     QCOMPARE(a.displayChildrenVariants(), c.displayChildrenVariants());

@@ -25,7 +25,7 @@ private Q_SLOTS:
     void init()
     {
         _owner = std::make_unique<QObject>();
-        TestNode::afterLoadLog().clear();
+        TestNode::afterLoadLog.clear();
     }
     void cleanup() { _owner.reset(); }
 
@@ -189,7 +189,7 @@ private Q_SLOTS:
     {
         const auto [input, expectedTree, expectedAfterLoad, leftOut] = fields<4>();
         const bool max = input.startsWith("max");
-        _root = new TestNode(max ? INT_MAX : 0, QString(), QString(), _owner.get());
+        _root = new TestNode(QString(), _owner.get(), max ? INT_MAX : 0);
         auto *top = new TestNode("top", _owner.get());
         top->append(_root);
         TreeNode *old = buildNodes("old[o1]", _owner.get()).first();
@@ -208,7 +208,7 @@ private Q_SLOTS:
         _root->loadTreeFromList(listed);
 
         QCOMPARE(treeToString(_root), expectedTree);
-        QCOMPARE(TestNode::afterLoadLog(), words(expectedAfterLoad)); // root gets none
+        QCOMPARE(TestNode::afterLoadLog, words(expectedAfterLoad)); // root gets none
         QCOMPARE(treeToString(old), QStringLiteral("[o1]")); // detached with its subtree
         QVERIFY(!old->parentNode());
         for (TreeNode *node : nodes) {
@@ -232,7 +232,7 @@ private Q_SLOTS:
         QCOMPARE(root->headerData(1, Qt::Horizontal, Qt::DisplayRole),
                  QVariant(QCoreApplication::translate("ConfRootTreeNode", "Value")));
         QPointer<TreeNode> host = new ConfTreeNode("host", "db");
-        QPointer<TreeNode> below = new TestNode(2, "Conf_host_db", "below", nullptr);
+        QPointer<TreeNode> below = new TestNode("below", nullptr, 2, "Conf_host_db");
         root->loadTreeFromList({new ConfTreeNode("port", "5432"), host, below});
         QCOMPARE(treeToString(root), QStringLiteral("[Conf_host_db[below] Conf_port_5432]"));
         delete root; // deletes its whole subtree

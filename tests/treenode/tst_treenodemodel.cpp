@@ -50,7 +50,7 @@ private Q_SLOTS:
     void init()
     {
         _owner = std::make_unique<QObject>();
-        _root = new TestNode(0, QString(), "root", _owner.get());
+        _root = new TestNode("root", _owner.get(), 0);
         _model = new TreeNodeModel(_root, _owner.get());
         _proxy = new TreeNodeSortFilterProxyModel(1, _model);
         _filter = new FilterTreeNodeSortFilterProxyModel(1, _model);
