@@ -9,8 +9,6 @@
 #include <QPointer>
 #include <QtTest>
 
-#include <memory>
-
 using namespace OvtTest;
 
 class TstTreeNode : public QObject
@@ -101,70 +99,55 @@ private Q_SLOTS:
         QCOMPARE(recorder.log, heard);
     }
 
-    void directChildLookups()
+    void lookups()
     {
-        _root = buildTree("[a[a1] b c]", _owner.get());
+        _root = buildTree("[a[a1[a11] a2] b[b1] c]", _owner.get());
+        QStringList ids;
+        for (TreeNode *node : _root->allChildNodes())
+            ids.append(node->id());
+        QCOMPARE(ids, words("a b c a1 a2 b1 a11")); // breadth first
         QVERIFY(_root->contains(find("b")) && !_root->contains(find("a1")));
         QCOMPARE(_root->indexOf(find("b"), 2), -1);
         QCOMPARE(_root->indexOf(find("c"), -1), 2); // from the end
         QCOMPARE(_root->indexOf(find("a"), -10), 0); // clamped to 0
-        QVERIFY(!_root->removeOne(find("a1")));
-        QVERIFY(_root->removeOne(find("b")));
-        QCOMPARE(treeToString(_root), QStringLiteral("[a[a1] c]"));
+        QVERIFY(!_root->removeOne(find("a1")) && _root->removeOne(find("b")));
+        QCOMPARE(treeToString(_root), QStringLiteral("[a[a1[a11] a2] c]"));
     }
 
-    void takingOutDetachesChildren()
+    void takingOut_data()
     {
-        for (const bool destroy : {false, true}) {
-            _root = buildTree("[a b[b1 b2] c]", _owner.get());
-            TreeNode *b = find("b");
-            TreeNode *b1 = find("b1");
-            SignalRecorder recorder(_root);
-            if (destroy)
-                delete b;
-            else
-                b->reset();
-            QCOMPARE(treeToString(_root), QStringLiteral("[a c]"));
-            QVERIFY(!b1->parentNode());
-            QVERIFY(destroy || (!b->parentNode() && !b->childNodesCount()));
-            // b left the tree first, so its own clearing is not heard at the root.
-            QCOMPARE(recorder.log, words("aboutToBeRemoved(root,1,1) removed"));
-        }
+        // what is done to b or the root; tree after; the nodes alive ("+": with a parent), with
+        // their children. b leaves the tree before it is cleared: the root hears the removal only.
+        table();
+        const QString root = "; aboutToBeRemoved(root,1,1) removed";
+        row("reset", "reset; [a[a1[a11]] c]; a+[a1[a11]] b c+ a1+[a11] b1 b2 a11+" + root);
+        row("delete", "delete; [a[a1[a11]] c]; a+[a1[a11]] c+ a1+[a11] b1 b2 a11+" + root);
+        row("clearDelete: a child deleted by its sibling",
+            "clearDelete; []; a1[a11] b1 b2 a11+; aboutToBeRemoved(root,0,2) removed");
+        row("clearDeleteAll", "clearDeleteAll; [];; aboutToBeRemoved(root,0,2) removed");
     }
-
-    void clearDelete_data()
+    void takingOut()
     {
-        QTest::addColumn<bool>("all");
-        QTest::newRow("clearDelete: a child deleted by its sibling") << false;
-        QTest::newRow("clearDeleteAll: a child deleted by its sibling") << true;
-    }
-    void clearDelete()
-    {
-        QFETCH(bool, all);
-        _root = buildTree("[a[a1[a11]] b]", _owner.get());
-        find("b")->setParent(find("a")); // deleting a deletes b too: it must not be deleted twice
+        const auto [change, expectedTree, expectedAlive, expectedSignals] = fields<4>();
+        _root = buildTree("[a[a1[a11]] b[b1 b2] c]", _owner.get());
+        find("c")->setParent(find("a"));
         QList<QPointer<TreeNode>> guards;
         for (TreeNode *node : _root->allChildNodes())
             guards.append(node);
         SignalRecorder recorder(_root);
-        all ? _root->clearDeleteAll() : _root->clearDelete();
-
-        QStringList alive; // "+": still has a parent
-        for (const QPointer<TreeNode> &guard : guards) {
-            if (guard)
-                alive.append(guard->id() + (guard->parentNode() ? "+" : ""));
+        change == "reset"             ? find("b")->reset()
+            : change == "delete"      ? delete find("b")
+            : change == "clearDelete" ? _root->clearDelete()
+                                      : _root->clearDeleteAll();
+        QStringList alive;
+        for (const QPointer<TreeNode> &node : guards) {
+            if (node)
+                alive.append(node->id() + (node->parentNode() ? "+" : "")
+                             + (node->childNodesCount() ? treeToString(node) : ""));
         }
-        QCOMPARE(alive, all ? QStringList() : words("a1 a11+"));
-        QCOMPARE(recorder.log, words("aboutToBeRemoved(root,0,1) removed"));
-    }
-
-    void allChildNodesIsBreadthFirst()
-    {
-        _root = buildTree("[a[a1[a11] a2] b[b1]]", _owner.get());
-        QStringList ids;
-        for (TreeNode *node : _root->allChildNodes())
-            ids.append(node->id());
-        QCOMPARE(ids, words("a b a1 a2 b1 a11"));
+        QCOMPARE(treeToString(_root), expectedTree);
+        QCOMPARE(alive, words(expectedAlive));
+        QCOMPARE(recorder.log, words(expectedSignals));
     }
 
     void loadTreeFromList_data()
@@ -221,20 +204,18 @@ private Q_SLOTS:
 
     void confNodes()
     {
-        ConfTreeNode node("port", "5432");
-        QCOMPARE(node.id(), QStringLiteral("Conf_port_5432"));
-        QCOMPARE(node.data(1, Qt::DisplayRole), QVariant("5432"));
-        QCOMPARE(node.data(0, Qt::ToolTipRole), QVariant("port"));
-        QCOMPARE(node.data(0, Qt::UserRole + 2), QVariant()); // the base answers ids, a row not
-        QCOMPARE(TreeNode(3, "up").data(5, Qt::UserRole + 3), QVariant("up"));
-
+        // Children find a configuration node by its key and value.
         auto *root = new ConfRootTreeNode;
-        QCOMPARE(root->headerData(1, Qt::Horizontal, Qt::DisplayRole),
-                 QVariant(QCoreApplication::translate("ConfRootTreeNode", "Value")));
         QPointer<TreeNode> host = new ConfTreeNode("host", "db");
         QPointer<TreeNode> below = new TestNode("below", nullptr, 2, "Conf_host_db");
         root->loadTreeFromList({new ConfTreeNode("port", "5432"), host, below});
         QCOMPARE(treeToString(root), QStringLiteral("[Conf_host_db[below] Conf_port_5432]"));
+        QCOMPARE(host->data(1, Qt::DisplayRole).toString()
+                     + host->data(0, Qt::ToolTipRole).toString(),
+                 QStringLiteral("dbhost"));
+        // The base answers ids, a row of this kind not.
+        QCOMPARE(host->data(0, Qt::UserRole + 2), QVariant());
+        QCOMPARE(TreeNode(3, "up").data(5, Qt::UserRole + 3), QVariant("up"));
         delete root; // deletes its whole subtree
         QVERIFY(host.isNull() && below.isNull());
     }
