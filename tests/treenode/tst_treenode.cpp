@@ -35,8 +35,6 @@ private Q_SLOTS:
         const QString five = "[a b c d e]; ";
         row("insert -5: front",
             "[a b]; insert root -5 x y; [x y a b]; aboutToBeInserted(root,0,1) inserted");
-        row("insert middle",
-            "[a b c]; insert root 2 x y; [a b x y c]; aboutToBeInserted(root,2,3) inserted");
         row("insert 1000: end",
             "[a b]; insert root 1000 x; [a b x]; aboutToBeInserted(root,2,2) inserted");
         row("insert nothing", "[a b]; insert root 1; [a b];");
@@ -49,12 +47,9 @@ private Q_SLOTS:
             "[a b]; insert root 1 x @null @x @a y; [a x y b]; aboutToBeInserted(root,1,2) "
             "inserted");
         row("insert skips itself and ancestors",
-            "[a[a1[a11]]]; insert a11 0 @a11 @a1 @a @root; "
-            "[a[a1[a11]]];");
+            "[a[a1[a11]]]; insert a11 0 @a11 @a1 @a @root; [a[a1[a11]]];");
         row("remove clamped", five + "remove root 2 10; [a b]; aboutToBeRemoved(root,2,4) removed");
-        row("remove at count", five + "remove root 5 1; " + five);
         row("remove at -1", five + "remove root -1 3; " + five);
-        row("remove 0 nodes", five + "remove root 0 0; " + five);
         row("remove deep",
             "[a[a1[a11 a12]]]; remove a1 1 1; [a[a1[a11]]]; aboutToBeRemoved(a1,1,1) removed");
     }
@@ -65,8 +60,7 @@ private Q_SLOTS:
         const QStringList args = words(change);
         TreeNode *parent = find(args.at(1));
         const bool insert = args.first() == QLatin1String("insert");
-        QList<TreeNode *> fresh;
-        QList<TreeNode *> listed;
+        QList<TreeNode *> fresh, listed;
         for (const QString &word : args.mid(insert ? 3 : 4)) {
             if (!word.startsWith('@'))
                 fresh += buildNodes(word, _owner.get());
@@ -78,7 +72,6 @@ private Q_SLOTS:
                 : id == "null"              ? nullptr
                                             : find(id);
         }
-        const QList<TreeNode *> nodes = parent->childNodes() + fresh;
         SignalRecorder recorder(_root);
         if (insert)
             parent->insert(args.at(2).toInt(), listed);
@@ -86,17 +79,6 @@ private Q_SLOTS:
             parent->removeAt(args.at(2).toInt(), args.at(3).toInt());
         QCOMPARE(treeToString(_root), expectedTree);
         QCOMPARE(recorder.take(), words(expectedSignals));
-
-        // Children in the tree know their parent and report to it; removed ones are detached
-        // (not deleted) and report no more.
-        QStringList heard;
-        for (TreeNode *node : nodes) {
-            QCOMPARE(node->parentNode(), parent->contains(node) ? parent : nullptr);
-            node->emitNodeDataChanged();
-            if (parent->contains(node))
-                heard << "dataChanged(" + node->id() + ')';
-        }
-        QCOMPARE(recorder.log, heard);
     }
 
     void lookups()
@@ -177,8 +159,7 @@ private Q_SLOTS:
         top->append(_root);
         TreeNode *old = buildNodes("old[o1]", _owner.get()).first();
         _root->append(old);
-        QList<TreeNode *> nodes;
-        QList<TreeNode *> listed;
+        QList<TreeNode *> nodes, listed;
         for (const QString &word : words(input).mid(max ? 1 : 0)) {
             if (word.contains(':'))
                 nodes += listNodes(word, _owner.get());
