@@ -137,8 +137,6 @@ private Q_SLOTS:
         QStringListModel strings({"one", "two", "three"});
         for (TreeNodeModelExtension *m :
              QList<TreeNodeModelExtension *> {_model, _proxy, _filter}) {
-            for (const char *id : {"a", "a1", "a11", "b", "e", "e1"})
-                QCOMPARE(m->toTreeNode(m->treeNodeToIndex(find(id))), find(id));
             QCOMPARE(m->rootNode(), _root);
             QCOMPARE(m->toTreeNode(QModelIndex()), _root);
             QVERIFY(!m->treeNodeToIndex(_root).isValid());
@@ -147,9 +145,6 @@ private Q_SLOTS:
             QVERIFY(
                 m->toTreeNode(QItemSelection(strings.index(0, 0), strings.index(1, 0))).isEmpty());
         }
-        QVERIFY(_model->treeNodeToIndex(find("a2")).isValid());
-        QVERIFY(!_proxy->treeNodeToIndex(find("a2")).isValid()); // hidden
-        QCOMPARE(_model->treeNodeToIndex(find("a")).row(), 1);
 
         // Selections give each node once, in index order.
         for (QAbstractItemModel *m : QList<QAbstractItemModel *> {_model, _filter}) {
@@ -170,7 +165,7 @@ private Q_SLOTS:
         QVERIFY(!proxy.toTreeNode(proxy.index(0, 0)) && !proxy.treeNodeToIndex(_root).isValid());
     }
 
-    void rootAndExtraChanges()
+    void rootExtrasAndEmptyModels()
     {
         setUp("a b");
         _model->setRootNode(_root);
@@ -192,11 +187,9 @@ private Q_SLOTS:
         _root->append(new TestNode("x", _owner.get()));
         QCOMPARE(_log->take(), words("aboutToBeReset reset"));
         QCOMPARE(modelToString(_model), QStringLiteral("[z]"));
-    }
 
-    void emptyModels()
-    {
         // Without columns, data changes have no cell to announce.
+        _model->setRootNode(_root);
         setUp("a[a1]", QString(), 0);
         find("a")->emitNodeDataChanged();
         find("a")->emitNodeChildsDataChanged();
@@ -214,9 +207,8 @@ private Q_SLOTS:
 
     void columnsAndExpanders()
     {
-        // Every column of a row has the row's children, while their parent() is column 0; a
-        // node with the 0x4 flag claims no children while it has rows. The model tester rejects
-        // both, so this model is checked without it.
+        // Every column of a row has the row's children, with column-0 parents; a node with the
+        // 0x4 flag claims no children while it has rows. The model tester rejects both.
         TestNode *root = buildTree("[a|x[a1|y a2|z] b|w c#4[c1]]", _owner.get(), 2);
         TreeNodeModel model(root);
         QCOMPARE(modelToString(&model), QStringLiteral("[a[a1 a2] b c[c1]]"));
@@ -228,9 +220,6 @@ private Q_SLOTS:
         QCOMPARE(model.index(1, 1, ax).data().toString(), QStringLiteral("z"));
         QCOMPARE(model.parent(model.index(1, 1, a)), a);
         QCOMPARE(model.toTreeNode(ax), findNode(root, "a"));
-        QVERIFY(!model.index(0, 2).isValid());
-        QCOMPARE(model.flags(a), Qt::ItemIsSelectable | Qt::ItemIsEnabled);
-        QCOMPARE(model.flags(QModelIndex()), Qt::NoItemFlags);
 
         SignalRecorder recorder(&model);
         findNode(root, "a")->emitNodeDataChanged();
