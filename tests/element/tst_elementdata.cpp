@@ -54,40 +54,33 @@ private Q_SLOTS:
                  9);
 
         // The heavy record's data lines belong to the record that read them.
-        ServiceHeavyElementData heavy;
-        heavy.setName("nginx");
-        heavy.setState(true, QString());
-        heavy.data() << "line";
-        heavy.setConfigData("worker_processes 2;");
-        heavy.setConfigFile("/etc/nginx/nginx.conf");
-        ServiceHeavyElementData heavyCopy(heavy), heavyAssigned;
+        ServiceHeavyElementData heavy, heavyAssigned;
+        heavy.setName("nginx"), heavy.setState(true, QString()), heavy.data() << "line";
+        heavy.setConfigData("workers 2;"), heavy.setConfigFile("/etc/nginx.conf");
         heavyAssigned.data() << "own";
         heavyAssigned = heavy;
-        QVERIFY(heavyCopy.data().isEmpty());
-        QCOMPARE(heavyAssigned.data(), QStringList {"own"});
+        ServiceHeavyElementData heavyCopy(heavy);
+        QCOMPARE(heavyCopy.data() + heavyAssigned.data(), QStringList {"own"});
         for (const ServiceHeavyElementData *data : {&heavyCopy, &heavyAssigned}) {
-            QCOMPARE(data->name() + data->textState() + data->configData() + data->configFile(),
-                     QStringLiteral("nginxstartedworker_processes 2;/etc/nginx/nginx.conf"));
-            QVERIFY(data->state());
+            QCOMPARE(QString::number(data->state()) + data->name() + data->textState()
+                         + data->configData() + data->configFile(),
+                     QStringLiteral("1nginxstartedworkers 2;/etc/nginx.conf"));
         }
 
         // Copy-constructed configure records start without incompatible modes; assigned ones
-        // take them, and everything else is copied either way.
-        ServiceConfigureHeavyElementData configure;
-        configure.setUser("admin");
-        configure.setPassword("secret");
-        configure.tasks().insert("apply", "run");
-        configure.checkedItems() << "a";
+        // take them (even from themselves), and everything else is copied either way.
+        ServiceConfigureHeavyElementData configure, assigned;
+        configure.setUser("admin"), configure.setPassword("secret");
+        configure.tasks().insert("apply", "run"), configure.checkedItems() << "a";
         configure.incompatibleModes() << "a|b";
         auto &self = configure;
         configure = self;
-        ServiceConfigureHeavyElementData configureCopy(configure), configureAssigned;
-        configureAssigned.incompatibleModes() << "own";
-        configureAssigned = configure;
-        QVERIFY(configureCopy.incompatibleModes().isEmpty());
-        QCOMPARE(configure.incompatibleModes(), QSet<QString> {"a|b"}); // assigned to itself
-        QCOMPARE(configureAssigned.incompatibleModes(), configure.incompatibleModes());
-        for (ServiceConfigureHeavyElementData *data : {&configureCopy, &configureAssigned}) {
+        assigned.incompatibleModes() << "own";
+        assigned = configure;
+        ServiceConfigureHeavyElementData copy(configure);
+        QCOMPARE(copy.incompatibleModes().size() + configure.incompatibleModes().size(), 1);
+        QCOMPARE(assigned.incompatibleModes(), QSet<QString> {"a|b"});
+        for (ServiceConfigureHeavyElementData *data : {&copy, &assigned}) {
             QCOMPARE(data->user() + data->password() + data->tasks().value("apply")
                          + data->checkedItems().values().join(""),
                      QString("adminsecretruna"));
