@@ -108,53 +108,10 @@ private Q_SLOTS:
         QCOMPARE(_module->log, OvtTest::words(log));
         QCOMPARE(box.pending(), bool(pendingAfter.toInt()));
 
-        // A container rearms; a refresh sent by hand also counts as having read the children.
+        // A refresh sent by hand also counts as having read the children.
         Container container(*_module, "user", "c");
-        container.fetchMore();
-        container.resetRequireLoad();
         container.performOperation(ReadContentOperation, nullptr, 0);
         QVERIFY(!container.pending());
-        container.resetRequireLoad();
-        QVERIFY(container.canFetchMore());
-        QCOMPARE(_module->log, OvtTest::words(log + " c:8 c:8"));
-    }
-    void treeNotifiesModules_data()
-    {
-        OvtTest::table();
-        OvtTest::row("count cut to the end", "5; 10; e0 e1 e2 - e4; e5:2 e6:2");
-        OvtTest::row("plain nodes go without notice", "2; 2; e0 e1 e4 e5 e6; e2:2");
-        OvtTest::row("position at the end", "7; 1; e0 e1 e2 - e4 e5 e6; ");
-        OvtTest::row("zero count", "0; 0; e0 e1 e2 - e4 e5 e6; ");
-        OvtTest::row("negative position", "-1; 2; e0 e1 e2 - e4 e5 e6; ");
-    }
-    void treeNotifiesModules()
-    {
-        const auto [pos, count, left, removed] = OvtTest::fields<4>();
-
-        // Elements and the element root share the rules.
-        for (bool underRoot : {false, true}) {
-            ElementRootTreeNode root;
-            Plain element(*_module, "user", "parent");
-            TreeNode *parent = underRoot ? static_cast<TreeNode *>(&root) : &element;
-            QList<TreeNode *> children;
-            for (int i = 0; i < 7; ++i) {
-                children << (i == 3 ? new TreeNode(_module.get()) // a node that is no element
-                                    : new Plain(*_module, "user", QStringLiteral("e%1").arg(i)));
-            }
-            _module->log.clear();
-            parent->insert(0, children.mid(1));
-            parent->insert(0, children.first()); // the single-node form too
-            QCOMPARE(_module->log.join(' '), QString("e1:1 e2:1 e4:1 e5:1 e6:1 e0:1"));
-
-            _module->log.clear();
-            parent->removeAt(pos.toInt(), count.toInt());
-            QStringList shown;
-            for (TreeNode *child : parent->childNodes())
-                shown << (child->id().isEmpty() ? QStringLiteral("-") : child->id().mid(5));
-            QCOMPARE(shown.join(' '), left);
-            QCOMPARE(_module->log, OvtTest::words(removed));
-            parent->clear();
-        }
     }
     void kinds_data()
     {

@@ -156,11 +156,13 @@ private Q_SLOTS:
         // A container read again under a group proxy's eyes: children go and come back.
         _group->setGroupElementType(QStringLiteral("accounts"));
         Element *users = elementTitled(_elements->rootNode(), QStringLiteral("Users"));
+        qApp->setProperty("elementFixtureLog", QStringList());
         for (Module *module : _plugins->modules()) {
             if (module->id() == QLatin1String("users"))
                 module->resetConteinerElement();
         }
         QCOMPARE(OvtTest::modelToString(_group), QStringLiteral("[Users root[mailbox]]"));
+        QCOMPARE(logOf(":2:"), (QStringList {"users:2:alice", "users:2:bob"})); // told to modules
         _elements->treeNodeModel()->fetchMore(_elements->treeNodeModel()->treeNodeToIndex(users));
         QCOMPARE(OvtTest::modelToString(_group),
                  QStringLiteral("[Users[alice bob] root[mailbox]]"));
