@@ -38,7 +38,7 @@ const QStringList StatusTexts {"processing", "fail", "success", "warning", "abou
 const QList<int> Outcomes {2, 2, 1, 3}; // success, success, fail, warning
 
 int seedFrom = 1, seedTo = 20, stepCount = 300;
-QString where; // the seed and step under way, printed when a fatal tester stops the run
+QString where; // the seed, step and step kind under way, printed when a fatal tester stops the run
 
 // An element with settable flags and group. The tree has one column: the tree model answers a
 // row's children under every column, with column-0 parents, which the tester rejects.
@@ -102,14 +102,13 @@ private:
     {
         return rnd(4) ? QSet<QString> {pick(Titles), pick(Titles)} : QSet<QString>();
     }
+    // A blocked name follows its nearest changeable ancestor; blocked to the top reads ticked.
     bool choiceValue(Node *node, const Path &path) const
     {
-        for (int i = path.size(); i >= 0; --i) {
-            const QString name = (i == path.size() ? node : path.at(i))->title();
-            if (!_blocked.contains(name))
-                return _checked.contains(name);
-        }
-        return true;
+        Path line = path + Path {node};
+        while (!line.isEmpty() && _blocked.contains(line.last()->title()))
+            line.removeLast();
+        return line.isEmpty() || _checked.contains(line.last()->title());
     }
     /** Watches @p model and compares it after each step with @p oracle, or with the nodes. */
     template<typename M>
@@ -159,15 +158,26 @@ private:
         return !group || group->groupElementType() == Undefined
             || inherited == group->groupElementType();
     }
-    QString text(QAbstractItemModel *model, Node *node, const Path &path) const
+    QString expect(QAbstractItemModel *model, const QList<TreeNode *> &nodes, bool extras,
+                   const Path &path = {}) const
     {
         auto *selectable = qobject_cast<SelectableElementSortFilterProxyModel *>(model);
-        if (selectable && selectable->selectionDisplayRole() == Element::GroupElementTypeRole)
-            return node->ownGroup();
-        return node->title()
-            + (model != _choice ? ""
-                                : QString(choiceValue(node, path) ? "+" : "")
-                       + (_blocked.contains(node->title()) ? "!" : ""));
+        const bool groups
+            = selectable && selectable->selectionDisplayRole() == Element::GroupElementTypeRole;
+        QStringList rows;
+        for (TreeNode *treeNode :
+             (extras ? _treeModel->extraRootChildNodes() : QList<TreeNode *>()) + nodes) {
+            auto *node = static_cast<Node *>(treeNode);
+            const QString state = model != _choice ? QString()
+                                                   : QString(choiceValue(node, path) ? "+" : "")
+                    + (_blocked.contains(node->title()) ? "!" : "");
+            if (shows(model, node, path))
+                rows << (!model->columnCount() ? "?"
+                                               : (groups ? node->ownGroup() : node->title() + state)
+                                 + '#' + node->id()
+                                 + expect(model, node->childNodes(), false, path + Path {node}));
+        }
+        return list(rows);
     }
     /** Every row: its columns' display texts and the node the model maps it to. */
     QString dump(const QAbstractItemModel *model, const QModelIndex &parent = {}) const
@@ -179,31 +189,17 @@ private:
             QStringList texts;
             for (int column = 0; column < model->columnCount(parent); ++column)
                 texts << index.sibling(row, column).data().toString();
-            QString text = texts.join('|');
-            if (model == _choice)
-                text += QString(index.data(ChoiceRole).toBool() ? "+" : "")
-                    + (_choice->flags(index) ? "" : "!");
             const QVariant check = index.data(Qt::CheckStateRole);
             TreeNode *node = nodes ? nodes->toTreeNode(index) : nullptr;
+            QString text = texts.join('|')
+                + (model != _choice ? ""
+                                    : QString(index.data(ChoiceRole).toBool() ? "+" : "")
+                           + (_choice->flags(index) ? "" : "!"));
             text += !nodes ? (check.isValid() ? check.toInt() ? "+" : "-" : "")
                     + QString(model->flags(index) & Qt::ItemIsEnabled ? "" : "!")
                            : '#' + (node ? node->id() : "null")
                     + (node && nodes->treeNodeToIndex(node) != index ? "(index differs)" : "");
             rows << (index.isValid() ? text + dump(model, index) : "?"); // "?": no columns
-        }
-        return list(rows);
-    }
-    QString expect(QAbstractItemModel *model, const QList<TreeNode *> &nodes, bool extras,
-                   const Path &path = {}) const
-    {
-        QStringList rows;
-        for (TreeNode *treeNode :
-             (extras ? _treeModel->extraRootChildNodes() : QList<TreeNode *>()) + nodes) {
-            auto *node = static_cast<Node *>(treeNode);
-            if (shows(model, node, path))
-                rows << (model->columnCount() ? text(model, node, path) + '#' + node->id()
-                                 + expect(model, node->childNodes(), false, path + Path {node})
-                                              : "?");
         }
         return list(rows);
     }
@@ -225,19 +221,21 @@ private:
         _choice = addModel(new ChoiceTreeNodeProxyModel(0, ChoiceRole, ChoiceRole + 1), _treeModel);
         _choiceFilters = {addModel(new ChoiceTreeNodeSortFilterProxyModel(true), _choice),
                           addModel(new ChoiceFilterTreeNodeSortFilterProxyModel(false), _choice)};
-        _elementModel = addModel(new ElementModel(_root));
-        addModel(new ElementSortFilterProxyModel(rnd(4)), _elementModel);
-        auto *groupProxy = addModel(new GroupInvisibleElementSortFilterProxyModel, _elementModel);
-        auto *selectableProxy = addModel(new SelectableElementSortFilterProxyModel, _elementModel);
+        auto *elementModel = addModel(new ElementModel(_root));
+        addModel(new ElementSortFilterProxyModel(rnd(4)), elementModel);
+        auto *groupProxy = addModel(new GroupInvisibleElementSortFilterProxyModel, elementModel);
+        auto *selectableProxy = addModel(new SelectableElementSortFilterProxyModel, elementModel);
         const QList<QSortFilterProxyModel *> filters {
             filterProxy, _choiceFilters.at(1),
-            addModel(new ListWidgetProxyModel(rnd(4)), _elementModel),
-            addModel(new NodesWidgetProxyModel(rnd(4)), _elementModel),
-            addModel(new ElementsWidgetProxyModel(rnd(4)), _elementModel)};
-        _checkList
-            = addModel(new CheckMiscModel, nullptr, [this] { return checkRows(_checkList); });
-        _configure
-            = addModel(new ConfigureCheckModel, nullptr, [this] { return checkRows(_configure); });
+            addModel(new ListWidgetProxyModel(rnd(4)), elementModel),
+            addModel(new NodesWidgetProxyModel(rnd(4)), elementModel),
+            addModel(new ElementsWidgetProxyModel(rnd(4)), elementModel)};
+        const QList<CheckMiscModel *> checks {addModel(new CheckMiscModel),
+                                              addModel(new ConfigureCheckModel)};
+        for (int i : {1, 2}) // their oracle: the rows as checked, and the changes since loading
+            _oracles[_oracles.size() - i].second = [=] {
+                return checkRows(checks.at(2 - i));
+            };
         _oracles << Oracle {_observer->model(), [this] {
                                 QStringList rows;
                                 for (const TaskRow &row : qAsConst(_tasks))
@@ -251,7 +249,7 @@ private:
         const auto add = [this](const char *name, int weight, const std::function<void()> &step) {
             while (weight-- > 0)
                 _steps << [=] {
-                    _what = name, step();
+                    where += QStringLiteral(": ") + name, step();
                 };
         };
         add("insert", 3, [this] { // detached or new nodes anywhere, sometimes out of range
@@ -271,10 +269,9 @@ private:
         });
         // A random forest of ids; some nodes name a missing parent or skip a level, and so stay
         // out.
-        add("reload", 1, [this] {
+        add("reload", 1, [=] {
             const bool paired = rnd(2);
-            const QList<TreeNodeModel *> models {_treeModel, _elementModel};
-            for (TreeNodeModel *model : models)
+            for (TreeNodeModel *model : {_treeModel, static_cast<TreeNodeModel *>(elementModel)})
                 paired ? model->nodesAboutToBeReset() : void();
             QList<TreeNode *> list;
             for (Node *node : qAsConst(_nodes))
@@ -289,7 +286,7 @@ private:
                 list << node;
             }
             _root->loadTreeFromList(list);
-            for (TreeNodeModel *model : models)
+            for (TreeNodeModel *model : {_treeModel, static_cast<TreeNodeModel *>(elementModel)})
                 paired ? model->nodesReset() : void();
         });
         add("extra root nodes", 1, [this] { // new ones, or none
@@ -352,14 +349,14 @@ private:
             ++_running, _observer->performTask(_tasks.last().task);
         });
         add("complete", 2, std::bind(&tst_Mutation::complete, this));
-        add("check list", 3, [this] { // both alike: loads by name, clears, forbidden pairs, checks
+        add("check list", 3, [=] { // both alike: loads by name, clears, forbidden pairs, checks
             const int kind = rnd(5), n = _items.size(), row = rnd(n + 1) - 1, value = rnd(3);
             const QSet<QString> names = pickNames();
             const bool checked = rnd(2);
             kind == 0 ? _items = Titles.mid(rnd(3), rnd(6)), _now.clear() : void();
             for (const QString &item : kind == 0 ? _items : QStringList())
                 _now << (names.contains(item) == checked);
-            for (CheckMiscModel *model : {_checkList, static_cast<CheckMiscModel *>(_configure)}) {
+            for (CheckMiscModel *model : checks) {
                 kind == 0 ? checked ? model->setDataChecked(_items, names)
                                     : model->setDataUnchecked(_items, names)
                           : void();
@@ -372,7 +369,9 @@ private:
             kind == 1 ? _items.clear(), _now.clear() : void();
             for (int i = kind == 2 ? (_modes.clear(), rnd(4)) : 0; i > 0; --i)
                 _modes << rnd(n * n + 1);
-            kind == 2 ? _configure->setInCmpatibleModes(_modes) : void();
+            kind == 2
+                ? static_cast<ConfigureCheckModel *>(checks.last())->setInCmpatibleModes(_modes)
+                : void();
             kind > 2 && row >= 0 ? void(_now[row] = value == 2) : void();
             _loaded = kind < 2 ? _now : _loaded;
         });
@@ -381,10 +380,11 @@ private:
     {
         QStringList rows;
         QSet<QString> add, remove;
+        const bool modes = qobject_cast<ConfigureCheckModel *>(model);
         for (int row = 0, n = _items.size(); row < n; ++row) {
             bool locked = false;
             for (int other = 0; other < n; ++other)
-                locked |= model == _configure && other != row && _now.at(other)
+                locked |= modes && other != row && _now.at(other)
                     && _modes.contains(qMin(row, other) * n + qMax(row, other));
             rows << _items.at(row) + (locked ? "!" : _now.at(row) ? "+" : "-");
             (_now.at(row) ? add : remove) << _items.at(row);
@@ -431,19 +431,13 @@ private:
     QList<Oracle> _oracles;
     QList<std::function<void()>> _steps;
     TreeNodeModel *_treeModel = nullptr;
-    ElementModel *_elementModel = nullptr;
     ChoiceTreeNodeProxyModel *_choice = nullptr;
     QList<TreeNodeSortFilterProxyModel *> _choiceFilters;
     QSet<QString> _checked, _blocked;
     int _nextKey = 0;
-    QString _what;
-
-    CheckMiscModel *_checkList = nullptr;
-    ConfigureCheckModel *_configure = nullptr;
     QStringList _items; // the check lists' items, checked now and at loading, forbidden pairs
     QList<bool> _now, _loaded;
     QSet<int> _modes;
-
     TaskObserver *_observer = nullptr;
     TaskObserverDialog *_dialog = nullptr;
     std::unique_ptr<ModelTesterGuard> _taskGuard;
@@ -489,9 +483,8 @@ void tst_Mutation::randomSteps()
                 const QString expected = oracle(), got = dump(model);
                 QVERIFY2(
                     expected == got,
-                    qPrintable(
-                        QStringLiteral("%1: %2\n%3 differs\n  expected: %4\n  actual:   %5")
-                            .arg(where, _what, model->metaObject()->className(), expected, got)));
+                    qPrintable(QStringLiteral("%1\n%2 differs\n  expected: %3\n  actual:   %4")
+                                   .arg(where, model->metaObject()->className(), expected, got)));
             }
         }
         teardown();
