@@ -37,6 +37,12 @@ const QStringList Patterns {"", "a", "^c", "1", "b$", "[", "x"};
 const QStringList StatusTexts {"processing", "fail", "success", "warning", "about to be stop"};
 const QList<int> Outcomes {2, 2, 1, 3}; // success, success, fail, warning
 
+// The kinds of step, each as often as its weight.
+const QStringList Steps
+    = QStringLiteral("insert insert insert removeAt removeAt reload extras data "
+                     "data group filters delete names names tick tick tick "
+                     "perform perform complete complete checks checks checks")
+          .split(' ');
 int seedFrom = 1, seedTo = 20, stepCount = 300;
 QString where; // the seed, step and step kind under way, printed when a fatal tester stops the run
 
@@ -210,7 +216,7 @@ private:
         _module.reset(new Module(QStringLiteral("mutation"), nullptr, false));
         _root = new ElementRootTreeNode(_owner);
         _checked = _blocked = {};
-        _items.clear(), _now.clear(), _loaded.clear(), _modes.clear(), _steps.clear();
+        _items.clear(), _now.clear(), _loaded.clear(), _modes.clear();
         for (int i = 0; i < 12; ++i)
             if (Node *node = newNode(); rnd(3))
                 anyParent()->append(node);
@@ -245,136 +251,121 @@ private:
                                 return list(rows);
                             }};
 
-        // Each step is drawn as often as its weight.
-        const auto add = [this](const char *name, int weight, const std::function<void()> &step) {
-            while (weight-- > 0)
-                _steps << [=] {
-                    where += QStringLiteral(": ") + name, step();
-                };
-        };
-        add("insert", 3, [this] { // detached or new nodes anywhere, sometimes out of range
-            TreeNode *parent = anyParent();
-            QList<TreeNode *> list;
-            for (Node *node : qAsConst(_nodes))
-                if (!node->parentNode() && list.size() < 3 && rnd(2))
+        _step = [=](const QString &kind) {
+            if (kind == "insert") { // detached or new nodes anywhere, sometimes out of range
+                TreeNode *parent = anyParent();
+                QList<TreeNode *> list;
+                for (Node *node : qAsConst(_nodes))
+                    if (!node->parentNode() && list.size() < 3 && rnd(2))
+                        list << node;
+                if (list.isEmpty() || _nodes.size() < 40)
+                    list << newNode();
+                parent->insert(rnd(parent->childNodesCount() + 3) - 1, list);
+            } else if (kind == "removeAt") { // sometimes past the end
+                TreeNode *parent = anyParent();
+                const int pos = rnd(parent->childNodesCount() + 1);
+                parent->removeAt(pos, rnd(4));
+            } else if (kind == "reload") { // some name a missing parent or skip a level
+                const bool paired = rnd(2);
+                const QList<TreeNodeModel *> models {_treeModel, elementModel};
+                for (TreeNodeModel *model : paired ? models : QList<TreeNodeModel *>())
+                    model->nodesAboutToBeReset();
+                QList<TreeNode *> list;
+                for (Node *node : qAsConst(_nodes))
+                    node->parentNode() ? void(node->parentNode()->removeOne(node)) : void();
+                for (Node *node : qAsConst(_nodes)) {
+                    if (!rnd(5))
+                        continue;
+                    auto *parent
+                        = list.isEmpty() || !rnd(3) ? nullptr : static_cast<Node *>(pick(list));
+                    const int depth = (parent ? parent->expectedDepth() + 1 : 1) + !rnd(10);
+                    node->place(depth, !parent ? QString() : rnd(12) ? parent->id() : "i?");
                     list << node;
-            if (list.isEmpty() || _nodes.size() < 40)
-                list << newNode();
-            parent->insert(rnd(parent->childNodesCount() + 3) - 1, list);
-        });
-        add("removeAt", 2, [this] { // sometimes past the end
-            TreeNode *parent = anyParent();
-            const int pos = rnd(parent->childNodesCount() + 1);
-            parent->removeAt(pos, rnd(4));
-        });
-        // A random forest of ids; some nodes name a missing parent or skip a level, and so stay
-        // out.
-        add("reload", 1, [=] {
-            const bool paired = rnd(2);
-            for (TreeNodeModel *model : {_treeModel, static_cast<TreeNodeModel *>(elementModel)})
-                paired ? model->nodesAboutToBeReset() : void();
-            QList<TreeNode *> list;
-            for (Node *node : qAsConst(_nodes))
-                node->parentNode() ? void(node->parentNode()->removeOne(node)) : void();
-            for (Node *node : qAsConst(_nodes)) {
-                if (!rnd(5))
-                    continue;
-                auto *parent
-                    = list.isEmpty() || !rnd(3) ? nullptr : static_cast<Node *>(pick(list));
-                const int depth = (parent ? parent->expectedDepth() + 1 : 1) + !rnd(10);
-                node->place(depth, !parent ? QString() : rnd(12) ? parent->id() : "i?");
-                list << node;
+                }
+                _root->loadTreeFromList(list);
+                for (TreeNodeModel *model : paired ? models : QList<TreeNodeModel *>())
+                    model->nodesReset();
+            } else if (kind == "extras") { // new ones, or none
+                QList<TreeNode *> extras;
+                for (int i = rnd(3); i > 0; --i)
+                    extras << newNode(false);
+                extras.isEmpty() && rnd(2) ? _treeModel->deleteExtraRootChildNodes()
+                                           : _treeModel->setExtraRootChildNodes(extras);
+            } else if (kind == "data") { // a title or flags, told by the node or its parent
+                Node *node = pick(_nodes);
+                rnd(2) ? void(node->flags = rnd(4)) : node->retitle(pick(Titles));
+                rnd(3) || !node->parentNode() ? node->emitNodeDataChanged()
+                                              : node->parentNode()->emitNodeChildsDataChanged();
+            } else if (kind == "group") { // descendants inherit a group: the filter is forced
+                Node *node = pick(_nodes);
+                node->ownGroup() = pick(Groups);
+                groupProxy->setGroupElementType(
+                    rnd(3) ? groupProxy->groupElementType() : pick(Groups), true);
+            } else if (kind == "filters") {
+                pick(filters)->setFilterRegExp(QRegExp(pick(Patterns)));
+                (rnd(2) ? filterProxy : columnsProxy)
+                    ->setAcceptColumns(pick(QList<QSet<int>> {{}, {0}, {0, 1}}));
+                groupProxy->setGroupElementType(pick(Groups), false);
+                selectableProxy->setSelectionDisplayRole(
+                    pick(QList<int> {0, Element::TitleRole, Element::GroupElementTypeRole}));
+            } else if (kind == "delete" && _nodes.size() > 1) { // the other steps need one
+                delete _nodes.takeAt(rnd(_nodes.size())); // its children stay, detached
+            } else if (kind == "names") {
+                _checked = rnd(2) ? _checked : pickNames(),
+                _blocked = rnd(2) ? _blocked : pickNames();
+                rnd(2) ? _choice->setCheckedBlockedNames(_checked, _blocked)
+                       : _choice->setBlockedNames(_blocked);
+                _choice->setCheckedNames(_checked);
+            } else if (kind == "tick") { // the user ticks or unticks a row
+                QModelIndex index;
+                for (int depth = 0; depth < 4 && _choice->rowCount(index); ++depth)
+                    index = _choice->index(rnd(_choice->rowCount(index)), 0, index);
+                if (!index.isValid())
+                    return;
+                const QString name = index.data().toString();
+                const bool before = index.data(ChoiceRole).toBool(),
+                           tick = rnd(4) ? !before : before;
+                const bool changes = !_blocked.contains(name) && tick != before;
+                QVERIFY2(_choice->setData(index, tick, ChoiceRole) == changes, qPrintable(where));
+                changes ? tick ? void(_checked.insert(name)) : void(_checked.remove(name)) : void();
+            } else if (kind == "perform") { // a new task, or one already performed again
+                if (!_tasks.isEmpty() && _tasks.last().task && (!rnd(4) || _running > 60))
+                    return _observer->performTask(_tasks.last().task);
+                const int id = _nextTask++, outcome = pick(Outcomes);
+                _tasks << TaskRow {new Task(&_ledger, id % 1024, QStringLiteral("t%1").arg(id),
+                                            TaskDescription::TaskStatus(outcome),
+                                            QStringLiteral("m%1").arg(id), &_gate),
+                                   id, 0, outcome};
+                ++_running, _observer->performTask(_tasks.last().task);
+            } else if (kind == "complete") {
+                complete();
+            } else if (kind == "checks") { // both lists: loads by name, clears, forbidden pairs
+                const int op = rnd(5), n = _items.size(), row = rnd(n + 1) - 1, value = rnd(3);
+                const QSet<QString> names = pickNames();
+                const bool checked = rnd(2);
+                op == 0 ? _items = Titles.mid(rnd(3), rnd(6)), _now.clear() : void();
+                for (const QString &item : op == 0 ? _items : QStringList())
+                    _now << (names.contains(item) == checked);
+                for (CheckMiscModel *model : checks) {
+                    op == 0 ? checked ? model->setDataChecked(_items, names)
+                                      : model->setDataUnchecked(_items, names)
+                            : void();
+                    op == 1 ? model->clear() : void();
+                    if (op > 2)
+                        QVERIFY2(model->setData(model->index(row, 0), value, Qt::CheckStateRole)
+                                     == (row >= 0 && _now.at(row) != (value == 2)),
+                                 qPrintable(where));
+                }
+                op == 1 ? _items.clear(), _now.clear() : void();
+                for (int i = op == 2 ? (_modes.clear(), rnd(4)) : 0; i > 0; --i)
+                    _modes << rnd(n * n + 1);
+                op == 2
+                    ? static_cast<ConfigureCheckModel *>(checks.last())->setInCmpatibleModes(_modes)
+                    : void();
+                op > 2 && row >= 0 ? void(_now[row] = value == 2) : void();
+                _loaded = op < 2 ? _now : _loaded;
             }
-            _root->loadTreeFromList(list);
-            for (TreeNodeModel *model : {_treeModel, static_cast<TreeNodeModel *>(elementModel)})
-                paired ? model->nodesReset() : void();
-        });
-        add("extra root nodes", 1, [this] { // new ones, or none
-            QList<TreeNode *> extras;
-            for (int i = rnd(3); i > 0; --i)
-                extras << newNode(false);
-            extras.isEmpty() && rnd(2) ? _treeModel->deleteExtraRootChildNodes()
-                                       : _treeModel->setExtraRootChildNodes(extras);
-        });
-        add("data change", 2, [this] { // a title or flags, told by the node or its parent
-            Node *node = pick(_nodes);
-            rnd(2) ? void(node->flags = rnd(4)) : node->retitle(pick(Titles));
-            rnd(3) || !node->parentNode() ? node->emitNodeDataChanged()
-                                          : node->parentNode()->emitNodeChildsDataChanged();
-        });
-        add("group", 1, [=] { // descendants inherit a group, so the filter is forced
-            Node *node = pick(_nodes);
-            node->ownGroup() = pick(Groups);
-            groupProxy->setGroupElementType(rnd(3) ? groupProxy->groupElementType() : pick(Groups),
-                                            true);
-        });
-        add("filters", 1, [=] {
-            pick(filters)->setFilterRegExp(QRegExp(pick(Patterns)));
-            (rnd(2) ? filterProxy : columnsProxy)
-                ->setAcceptColumns(pick(QList<QSet<int>> {{}, {0}, {0, 1}}));
-            groupProxy->setGroupElementType(pick(Groups), false);
-            selectableProxy->setSelectionDisplayRole(
-                pick(QList<int> {0, Element::TitleRole, Element::GroupElementTypeRole}));
-        });
-        add("delete", 1, [this] { // an element; its children stay, detached
-            if (_nodes.size() > 1) // the other steps need one
-                delete _nodes.takeAt(rnd(_nodes.size()));
-        });
-        add("names", 2, [this] {
-            _checked = rnd(2) ? _checked : pickNames(), _blocked = rnd(2) ? _blocked : pickNames();
-            rnd(2) ? _choice->setCheckedBlockedNames(_checked, _blocked)
-                   : _choice->setBlockedNames(_blocked);
-            _choice->setCheckedNames(_checked);
-        });
-        add("tick", 3, [this] { // the user ticks or unticks a row
-            QModelIndex index;
-            for (int depth = 0; depth < 4 && _choice->rowCount(index); ++depth)
-                index = _choice->index(rnd(_choice->rowCount(index)), 0, index);
-            if (!index.isValid())
-                return;
-            const QString name = index.data().toString();
-            const bool before = index.data(ChoiceRole).toBool(), tick = rnd(4) ? !before : before;
-            const bool changes = !_blocked.contains(name) && tick != before;
-            QVERIFY2(_choice->setData(index, tick, ChoiceRole) == changes, qPrintable(where));
-            changes ? tick ? void(_checked.insert(name)) : void(_checked.remove(name)) : void();
-        });
-        add("perform", 2, [this] { // a new task, or one already performed again
-            if (!_tasks.isEmpty() && _tasks.last().task && (!rnd(4) || _running > 60))
-                return _observer->performTask(_tasks.last().task);
-            const int id = _nextTask++, outcome = pick(Outcomes);
-            _tasks << TaskRow {new Task(&_ledger, id % 1024, QStringLiteral("t%1").arg(id),
-                                        TaskDescription::TaskStatus(outcome),
-                                        QStringLiteral("m%1").arg(id), &_gate),
-                               id, 0, outcome};
-            ++_running, _observer->performTask(_tasks.last().task);
-        });
-        add("complete", 2, std::bind(&tst_Mutation::complete, this));
-        add("check list", 3, [=] { // both alike: loads by name, clears, forbidden pairs, checks
-            const int kind = rnd(5), n = _items.size(), row = rnd(n + 1) - 1, value = rnd(3);
-            const QSet<QString> names = pickNames();
-            const bool checked = rnd(2);
-            kind == 0 ? _items = Titles.mid(rnd(3), rnd(6)), _now.clear() : void();
-            for (const QString &item : kind == 0 ? _items : QStringList())
-                _now << (names.contains(item) == checked);
-            for (CheckMiscModel *model : checks) {
-                kind == 0 ? checked ? model->setDataChecked(_items, names)
-                                    : model->setDataUnchecked(_items, names)
-                          : void();
-                kind == 1 ? model->clear() : void();
-                if (kind > 2)
-                    QVERIFY2(model->setData(model->index(row, 0), value, Qt::CheckStateRole)
-                                 == (row >= 0 && _now.at(row) != (value == 2)),
-                             qPrintable(where));
-            }
-            kind == 1 ? _items.clear(), _now.clear() : void();
-            for (int i = kind == 2 ? (_modes.clear(), rnd(4)) : 0; i > 0; --i)
-                _modes << rnd(n * n + 1);
-            kind == 2
-                ? static_cast<ConfigureCheckModel *>(checks.last())->setInCmpatibleModes(_modes)
-                : void();
-            kind > 2 && row >= 0 ? void(_now[row] = value == 2) : void();
-            _loaded = kind < 2 ? _now : _loaded;
-        });
+        };
     }
     QString checkRows(CheckMiscModel *model) const
     {
@@ -429,7 +420,7 @@ private:
     QList<Node *> _nodes; // live nodes in the tree or detached, never the extra ones
     QList<QAbstractItemModel *> _models; // sources before the proxies over them
     QList<Oracle> _oracles;
-    QList<std::function<void()>> _steps;
+    std::function<void(const QString &)> _step;
     TreeNodeModel *_treeModel = nullptr;
     ChoiceTreeNodeProxyModel *_choice = nullptr;
     QList<TreeNodeSortFilterProxyModel *> _choiceFilters;
@@ -478,7 +469,8 @@ void tst_Mutation::randomSteps()
         build(unsigned(seed));
         for (int number = 1; number <= stepCount; ++number) {
             where = QStringLiteral("seed %1, step %2 (--seed %1 --steps %2)").arg(seed).arg(number);
-            pick(_steps)();
+            const QString kind = pick(Steps);
+            where += ": " + kind, _step(kind);
             for (const auto &[model, oracle] : qAsConst(_oracles)) {
                 const QString expected = oracle(), got = dump(model);
                 QVERIFY2(
