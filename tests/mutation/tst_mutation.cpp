@@ -85,10 +85,67 @@ class tst_Mutation : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
+    void initTestCase()
+    {
+        QCoreApplication::setOrganizationName(QStringLiteral("ovt-tests"));
+        QCoreApplication::setApplicationName(QStringLiteral("tst_mutation"));
+        static QtMessageHandler previous = nullptr;
+        previous = qInstallMessageHandler(
+            [](QtMsgType type, const QMessageLogContext &context, const QString &message) {
+                if (type == QtFatalMsg)
+                    fprintf(stderr, "mutation: stopped at %s\n", qPrintable(where));
+                previous(type, context, message);
+            });
+        // One worker runs the tasks in the order they came, each when the seed lets the gate open,
+        // so a seed replays exactly.
+        _observer = TaskObserver::instance();
+        _pool.reset(new Pool(1));
+        Ledger probe(1);
+        QVERIFY(Pool::open(new Task(&probe, 0)));
+        QTRY_COMPARE(probe.deletions(), 1);
+        for (QWidget *widget : QApplication::topLevelWidgets())
+            _dialog = _dialog ? _dialog : qobject_cast<TaskObserverDialog *>(widget);
+        QVERIFY(_dialog);
+        _taskGuard.reset(new ModelTesterGuard(_observer->model()));
+    }
     void cleanupTestCase() { _taskGuard.reset(), _pool.reset(), delete _observer; }
-    void randomSteps();
-    void sameNameIsAnnounced();
+    void randomSteps()
+    {
+        for (int seed = seedFrom; seed <= seedTo; ++seed) {
+            build(unsigned(seed));
+            for (int number = 1; number <= stepCount; ++number) {
+                where = QStringLiteral("seed %1, step %2 (--seed %1 --steps %2)")
+                            .arg(seed)
+                            .arg(number);
+                const QString kind = pick(Steps);
+                where += ": " + kind, _step(kind);
+                for (const auto &[model, oracle] : qAsConst(_oracles)) {
+                    const QString expected = oracle(), got = dump(model);
+                    QVERIFY2(expected == got,
+                             qPrintable(
+                                 QStringLiteral("%1\n%2 differs\n  expected: %3\n  actual:   %4")
+                                     .arg(where, model->metaObject()->className(), expected, got)));
+                }
+            }
+            teardown();
+        }
+        qInfo("%d seeds of %d steps, every model compared after each", seedTo - seedFrom + 1,
+              stepCount);
+    }
+    // Ticking a row ticks its name, so every row of that name, but dataChanged() names the ticked
+    // row alone: the filters over the choice model keep their old answer for the others.
+    void sameNameIsAnnounced()
+    {
+        build(1);
+        Node *first = newNode(), *second = newNode();
+        first->retitle("ab"), second->retitle("ab");
+        _root->clear();
+        _root->append({first, second});
+        QVERIFY(_choice->setData(_choice->index(0, 0), true, ChoiceRole));
+        QCOMPARE(_choice->index(1, 0).data(ChoiceRole).toBool(), true);
+        QCOMPARE(_choiceFilters.at(0)->rowCount(), 2);
+        teardown();
+    }
 
 private:
     int rnd(int n) { return n > 0 ? int(_random() % unsigned(n)) : 0; }
@@ -438,67 +495,6 @@ private:
     QList<TaskRow> _tasks;
     int _running = 0, _problems = 0, _nextTask = 0;
 };
-
-void tst_Mutation::initTestCase()
-{
-    QCoreApplication::setOrganizationName(QStringLiteral("ovt-tests"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_mutation"));
-    static QtMessageHandler previous = nullptr;
-    previous = qInstallMessageHandler(
-        [](QtMsgType type, const QMessageLogContext &context, const QString &message) {
-            if (type == QtFatalMsg)
-                fprintf(stderr, "mutation: stopped at %s\n", qPrintable(where));
-            previous(type, context, message);
-        });
-    // One worker runs the tasks in the order they came, each when the seed lets the gate open,
-    // so a seed replays exactly.
-    _observer = TaskObserver::instance();
-    _pool.reset(new Pool(1));
-    Ledger probe(1);
-    QVERIFY(Pool::open(new Task(&probe, 0)));
-    QTRY_COMPARE(probe.deletions(), 1);
-    for (QWidget *widget : QApplication::topLevelWidgets())
-        _dialog = _dialog ? _dialog : qobject_cast<TaskObserverDialog *>(widget);
-    QVERIFY(_dialog);
-    _taskGuard.reset(new ModelTesterGuard(_observer->model()));
-}
-
-void tst_Mutation::randomSteps()
-{
-    for (int seed = seedFrom; seed <= seedTo; ++seed) {
-        build(unsigned(seed));
-        for (int number = 1; number <= stepCount; ++number) {
-            where = QStringLiteral("seed %1, step %2 (--seed %1 --steps %2)").arg(seed).arg(number);
-            const QString kind = pick(Steps);
-            where += ": " + kind, _step(kind);
-            for (const auto &[model, oracle] : qAsConst(_oracles)) {
-                const QString expected = oracle(), got = dump(model);
-                QVERIFY2(
-                    expected == got,
-                    qPrintable(QStringLiteral("%1\n%2 differs\n  expected: %3\n  actual:   %4")
-                                   .arg(where, model->metaObject()->className(), expected, got)));
-            }
-        }
-        teardown();
-    }
-    qInfo("%d seeds of %d steps, every model compared after each", seedTo - seedFrom + 1,
-          stepCount);
-}
-
-// Ticking a row ticks its name, so every row of that name, but dataChanged() names the ticked row
-// alone: the filters over the choice model keep their old answer for the others.
-void tst_Mutation::sameNameIsAnnounced()
-{
-    build(1);
-    Node *first = newNode(), *second = newNode();
-    first->retitle("ab"), second->retitle("ab");
-    _root->clear();
-    _root->append({first, second});
-    QVERIFY(_choice->setData(_choice->index(0, 0), true, ChoiceRole));
-    QCOMPARE(_choice->index(1, 0).data(ChoiceRole).toBool(), true);
-    QCOMPARE(_choiceFilters.at(0)->rowCount(), 2);
-    teardown();
-}
 
 int main(int argc, char *argv[])
 {
