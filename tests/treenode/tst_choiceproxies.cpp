@@ -108,13 +108,11 @@ private Q_SLOTS:
     {
         // tree; checked; blocked; rows with their state
         table();
-        row("ticked at any depth", "a[a1 a2] b; a2 b;; [a[a1 a2+] b+]");
         row("blocked: the parent's state; at the top: ticked",
             "a[a1 a2] b; a; a1 b; [a+[a1+! a2] b+!]");
         row("blocked: its own tick ignored", "a[a1 a2] b; a1; a1; [a[a1! a2] b]");
         row("below a blocked row: its own", "a[a1 a2] b; a2; a; [a+![a1 a2+] b]");
         row("nearest ancestor not blocked", "a[b[c[d]]]; a; c d; [a+[b[c![d!]]]]");
-        row("blocked up to the top", "a[b[c]];; a b c; [a+![b+![c+!]]]");
     }
     void readState()
     {
@@ -186,8 +184,7 @@ private Q_SLOTS:
         QVERIFY(_choice->setData(choiceIndex("b"), true, ChoiceRole));
         _log->log.clear();
 
-        const QString verb = call.section(' ', 0, 0);
-        const QString argument = call.section(' ', 1);
+        const QString verb = call.section(' ', 0, 0), argument = call.section(' ', 1);
         if (verb == QLatin1String("checked"))
             _choice->setCheckedNames(names(argument));
         else if (verb == QLatin1String("blocked"))
@@ -199,10 +196,10 @@ private Q_SLOTS:
             _choice->clearAddRemoveNames();
         QCOMPARE(_log->log,
                  resets == "1" ? words("aboutToBeReset reset stateChanged") : QStringList());
-        QCOMPARE(_choice->checkedNames(), names(expectedChecked));
-        QCOMPARE(_choice->blockedNames(), names(expectedBlocked));
-        QCOMPARE(_choice->addNames(), names(added));
-        QCOMPARE(_choice->removeNames(), names(removed));
+        QCOMPARE((QList<QSet<QString>> {_choice->checkedNames(), _choice->blockedNames(),
+                                        _choice->addNames(), _choice->removeNames()}),
+                 (QList<QSet<QString>> {names(expectedChecked), names(expectedBlocked),
+                                        names(added), names(removed)}));
     }
 
     void filterProxies_data()

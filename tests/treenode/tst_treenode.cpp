@@ -142,8 +142,6 @@ private Q_SLOTS:
         row("equal ids: the first gets all", "1::a 1::a 2:a:x 2:a:y; [a[x y] a]; a a x y;");
         row("unknown parent", "1::a 2:zz:x 2:a:a1; [a[a1]]; a a1; x");
         row("children of an unmatched node", "1:nope:a 2:a:a1 3:a1:a11 1::b; [b]; b; a a1 a11");
-        row("skipped level", "1::a 3:a:x; [a]; a; x");
-        row("parent two runs back", "1::a 2:a:b 3:a:c; [a[b]]; a b; c");
         // "null", "again" (the previous node once more), "root" and "top" (above the root)
         // are skipped; "max" gives the root the depth INT_MAX, whose next level does not exist.
         row("null, repeats, root and above",
@@ -195,8 +193,7 @@ private Q_SLOTS:
                      + host->data(0, Qt::ToolTipRole).toString(),
                  QStringLiteral("dbhost"));
         // The base answers ids, a row of this kind not.
-        QCOMPARE(host->data(0, Qt::UserRole + 2), QVariant());
-        QCOMPARE(TreeNode(3, "up").data(5, Qt::UserRole + 3), QVariant("up"));
+        QVERIFY(!host->data(0, Qt::UserRole + 2).isValid());
         delete root; // deletes its whole subtree
         QVERIFY(host.isNull() && below.isNull());
     }
