@@ -53,29 +53,28 @@ class TstChoiceProxies : public QObject
     TestNode *_root = nullptr;
     TreeNodeModel *_model = nullptr;
     ChoiceTreeNodeProxyModel *_choice = nullptr;
-    QList<QSortFilterProxyModel *> _proxies; // ticked, unticked, filtering ticked and unticked
+    QList<QAbstractItemModel *> _proxies; // ticked, unticked, filtering ticked and unticked
     SignalRecorder *_log = nullptr; // of the choice model, with "stateChanged"
 
     void setUp(const QString &tree, int choiceRole = ChoiceRole, int columns = 1,
                int nameColumn = 0)
     {
-        qDeleteAll(_proxies); // each before the model it watches
-        delete _choice;
+        _owner = std::make_unique<QObject>();
+        _root = new TestNode("root", _owner.get(), 0);
+        _root->columns = columns;
+        _root->append(buildNodes(tree, _owner.get()));
+        _model = new TreeNodeModel(_root, _owner.get());
         _choice = new ChoiceTreeNodeProxyModel(nameColumn, choiceRole, BlockRole, _model);
         _choice->setSourceModel(_model);
-        watch(_choice);
         _proxies = {new ChoiceTreeNodeSortFilterProxyModel(true, _choice),
                     new ChoiceTreeNodeSortFilterProxyModel(false, _choice),
                     new ChoiceFilterTreeNodeSortFilterProxyModel(true, _choice),
                     new ChoiceFilterTreeNodeSortFilterProxyModel(false, _choice)};
-        for (QSortFilterProxyModel *proxy : qAsConst(_proxies)) {
-            proxy->setSourceModel(_choice);
-            watch(proxy);
+        for (QAbstractItemModel *model : QList<QAbstractItemModel *> {_model, _choice} + _proxies) {
+            if (auto *proxy = qobject_cast<QSortFilterProxyModel *>(model))
+                proxy->setSourceModel(_choice);
+            watch(model);
         }
-        _model->nodesAboutToBeReset();
-        _root->columns = columns;
-        _model->nodesReset();
-        _root->append(buildNodes(tree, _owner.get()));
         _log = new SignalRecorder(_choice, _choice);
         connect(_choice, &ChoiceTreeNodeProxyModel::stateChanged, _log,
                 [this] { _log->log << "stateChanged"; });
@@ -87,18 +86,9 @@ class TstChoiceProxies : public QObject
     }
 
 private Q_SLOTS:
-    void init()
-    {
-        _owner = std::make_unique<QObject>();
-        _root = new TestNode("root", _owner.get(), 0);
-        _model = new TreeNodeModel(_root, _owner.get());
-        watch(_model);
-        _choice = nullptr;
-    }
     void cleanup()
     {
-        qDeleteAll(_proxies);
-        _proxies.clear();
+        qDeleteAll(_proxies); // each before the model it watches
         delete _choice;
         delete _model; // before the tree
         _owner.reset();
@@ -222,7 +212,7 @@ private Q_SLOTS:
         setUp(tree, role == "check" ? int(Qt::CheckStateRole) : ChoiceRole);
         _choice->setCheckedBlockedNames(names(checked), names(blocked));
         QStringList rows;
-        for (QSortFilterProxyModel *proxy : qAsConst(_proxies))
+        for (QAbstractItemModel *proxy : qAsConst(_proxies))
             rows << modelToString(proxy);
         QCOMPARE(rows.join(' '), expected);
 
