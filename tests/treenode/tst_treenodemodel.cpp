@@ -34,34 +34,28 @@ class TstTreeNodeModel : public QObject
     }
     void setUp(const QString &tree, const QString &extras = QString(), int columns = 1)
     {
-        _model->nodesAboutToBeReset(); // the column count is the root's
-        _root->columns = columns;
-        _model->nodesReset();
+        cleanup();
+        _owner = std::make_unique<QObject>();
+        _root = new TestNode("root", _owner.get(), 0);
+        _root->columns = columns; // the model's column count
         _root->append(buildNodes(tree, _owner.get()));
-        if (!extras.isEmpty())
-            _model->setExtraRootChildNodes(buildNodes(extras, _owner.get()));
-        _log->log.clear();
+        _model = new TreeNodeModel(_root, _owner.get());
+        _model->setExtraRootChildNodes(buildNodes(extras, _owner.get()));
+        _proxy = new TreeNodeSortFilterProxyModel(1, _model);
+        _filter = new FilterTreeNodeSortFilterProxyModel(1, _model);
+        for (QAbstractItemModel *model : QList<QAbstractItemModel *> {_model, _proxy, _filter}) {
+            if (auto *proxy = qobject_cast<QSortFilterProxyModel *>(model))
+                proxy->setSourceModel(_model);
+            watch(model);
+        }
+        _log = new SignalRecorder(_model, _model);
     }
     void load(const QString &items) { _root->loadTreeFromList(listNodes(items, _owner.get())); }
 
 private Q_SLOTS:
-    void init()
-    {
-        _owner = std::make_unique<QObject>();
-        _root = new TestNode("root", _owner.get(), 0);
-        _model = new TreeNodeModel(_root, _owner.get());
-        _proxy = new TreeNodeSortFilterProxyModel(1, _model);
-        _filter = new FilterTreeNodeSortFilterProxyModel(1, _model);
-        _proxy->setSourceModel(_model);
-        _filter->setSourceModel(_model);
-        watch(_model);
-        watch(_proxy);
-        watch(_filter);
-        _log = new SignalRecorder(_model, _model);
-    }
     void cleanup()
     {
-        delete _model; // first: the tree's teardown must not reach it
+        delete std::exchange(_model, nullptr); // first: the tree's teardown must not reach it
         _owner.reset();
     }
 
@@ -188,7 +182,6 @@ private Q_SLOTS:
         QCOMPARE(modelToString(_model), QStringLiteral("[z]"));
 
         // Without columns, data changes have no cell to announce.
-        _model->setRootNode(_root);
         setUp("a[a1]", QString(), 0);
         find("a")->emitNodeDataChanged();
         find("a")->emitNodeChildsDataChanged();
@@ -208,7 +201,7 @@ private Q_SLOTS:
     {
         // Every column of a row has the row's children, with column-0 parents; a node with the
         // 0x4 flag claims no children while it has rows. The model tester rejects both.
-        TestNode *root = buildTree("[a|x[a1|y a2|z] b|w c#4[c1]]", _owner.get(), 2);
+        TestNode *root = buildTree("[a|x[a1|y a2|z] b|w c#4[c1]]", this, 2);
         TreeNodeModel model(root);
         QCOMPARE(modelToString(&model), QStringLiteral("[a[a1 a2] b c[c1]]"));
         const QModelIndex a = model.index(0, 0);
