@@ -61,10 +61,9 @@ private Q_SLOTS:
 
     void changes_data()
     {
-        // tree; extras; change: "insert|remove <parent> <pos> <nodes|count>", "data|childs
-        // <node>" (its own or its children's data), "delete <node>", "reload|pair <depth:parent:id
-        // ...>" (pair: within the reset pair); model rows; begin, data and reset signals; proxy
-        // rows ("=": the model's)
+        // tree; extras; "insert|remove <parent> <pos> <nodes|count>", "data|childs <node>",
+        // "delete <node>", "reload|pair <depth:parent:id ...>" (pair: within the reset pair);
+        // model rows; begin, data and reset signals; proxy rows ("=": the model's)
         table();
         const QString ab = "a[a1] b;; ";
         row("extras first", "a b; x y#1[y1];; [x y[y1] a b];; [x a b]");
@@ -221,8 +220,7 @@ private Q_SLOTS:
 
     void filters_data()
     {
-        // accepted columns; expression; the cells of the filter proxy's rows. Flags and
-        // expressions over the tree are left to the seeded mutation run, with one column.
+        // accepted columns; expression; cells of the rows (trees: the seeded mutation run)
         table();
         row("all columns searched", "; two; b|two|lima");
         row("text in a hidden column", "0 2; two; ");
