@@ -20,11 +20,7 @@ class TstTreeNode : public QObject
     TreeNode *find(const QString &id) const { return findNode(_root, id); }
 
 private Q_SLOTS:
-    void init()
-    {
-        _owner = std::make_unique<QObject>();
-        TestNode::afterLoadLog.clear();
-    }
+    void init() { _owner = std::make_unique<QObject>(), TestNode::afterLoadLog.clear(); }
     void cleanup() { _owner.reset(); }
 
     void insertRemove_data()
