@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The ovt-common developers
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "element/containerelement.h"
 #include "element/elementcontainer.h"
 #include "element/elementmodel.h"
 #include "element/groupinvisibleelementsortfilterproxymodel.h"
@@ -11,7 +10,6 @@
 #include "plugin/plugincontainer.h"
 #include "treestring.h"
 
-#include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QSignalSpy>
 #include <QTest>
@@ -28,16 +26,6 @@ const QString visibleTree = QStringLiteral(
 QStringList logOf(const char *part)
 {
     return qApp->property("elementFixtureLog").toStringList().filter(QLatin1String(part));
-}
-
-Element *elementTitled(const TreeNode *root, const QString &title)
-{
-    for (TreeNode *node : root->allChildNodes()) {
-        auto *element = qobject_cast<Element *>(node);
-        if (element && element->title() == title)
-            return element;
-    }
-    return nullptr;
 }
 
 } // namespace
@@ -67,8 +55,7 @@ private Q_SLOTS:
         for (QAbstractItemModel *watched : models) {
             if (auto *proxy = qobject_cast<QSortFilterProxyModel *>(watched))
                 proxy->setSourceModel(model);
-            new QAbstractItemModelTester(
-                watched, QAbstractItemModelTester::FailureReportingMode::Fatal, _elements.get());
+            OvtTest::watch(watched);
         }
         _plugins->loadPlugins(QStringLiteral(OVT_ELEMENT_FIXTURE_PLUGINS));
         QCOMPARE(_plugins->modules().size(), 3);
@@ -84,8 +71,7 @@ private Q_SLOTS:
         QCOMPARE(OvtTest::treeToString(_elements->rootNode()), loadedTree);
         // "cron" offers reading light too, but stands below a container.
         QCOMPARE(logOf(":10:"), QStringList {QStringLiteral("services:10:sshd")});
-        Element *sshd = elementTitled(_elements->rootNode(), QStringLiteral("sshd"));
-        QCOMPARE(sshd->data(0, Qt::DecorationRole).value<QIcon>().cacheKey(),
+        QCOMPARE(find("sshd")->data(0, Qt::DecorationRole).value<QIcon>().cacheKey(),
                  ServiceElement::startIcon().cacheKey());
         // Only the supplement's login reaches the donor as well; the donor's own logins never
         // pass through the supplement.
@@ -101,8 +87,8 @@ private Q_SLOTS:
                 [&](TreeNode *node) { requests << "current:" + node->id(); });
         connect(_elements.get(), &NodeContainer::expandCurrentNode, this,
                 [&](TreeNode *node) { requests << "expand:" + node->id(); });
-        elementTitled(_elements->rootNode(), QStringLiteral("alice"))->emitSetCurrentNode();
-        elementTitled(_elements->rootNode(), QStringLiteral("Mail"))->emitExpandCurrentNode();
+        find("login_alice")->emitSetCurrentNode();
+        find("Mail")->emitExpandCurrentNode();
         QCOMPARE(requests, (QStringList {"current:login_alice", "expand:Mail"}));
     }
     void proxies_data()
@@ -155,7 +141,7 @@ private Q_SLOTS:
 
         // A container read again under a group proxy's eyes: children go and come back.
         _group->setGroupElementType(QStringLiteral("accounts"));
-        Element *users = elementTitled(_elements->rootNode(), QStringLiteral("Users"));
+        TreeNode *users = find("Users");
         qApp->setProperty("elementFixtureLog", QStringList());
         for (Module *module : _plugins->modules()) {
             if (module->id() == QLatin1String("users"))
@@ -175,6 +161,7 @@ private Q_SLOTS:
     }
 
 private:
+    TreeNode *find(const QString &id) const { return OvtTest::findNode(_elements->rootNode(), id); }
     std::unique_ptr<PluginContainer> _plugins;
     std::unique_ptr<ElementContainer> _elements;
     ElementSortFilterProxyModel *_visible = nullptr;
