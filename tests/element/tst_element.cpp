@@ -189,27 +189,6 @@ private Q_SLOTS:
         QCOMPARE(_module->log, QStringList());
         QCOMPARE(a.displayChildrenVariants(), c.displayChildrenVariants());
     }
-    void serviceIcon()
-    {
-        // Theme icons are cached by name, so the same name gives the same icon. The running
-        // state's icon is checked where a module reads it.
-        Service service(*_module, "service", "sshd");
-        const auto icon = [&] {
-            return service.data(0, Qt::DecorationRole).value<QIcon>().cacheKey();
-        };
-        QList<qint64> icons {icon()}; // state never read
-        static_cast<ServiceLightElementData *>(service.elementData())->setState(false, "masked");
-        icons << icon(); // an own text still decides by state
-        delete service.elementData();
-        service.setElementData(new ElementData);
-        icons << icon();
-        delete service.elementData();
-        service.setElementData(nullptr);
-        const qint64 none = Element::defaultIcon().cacheKey();
-        QCOMPARE(
-            icons << icon(),
-            (QList<qint64> {none, QIcon::fromTheme("media-playback-stop").cacheKey(), none, none}));
-    }
 
 private:
     std::unique_ptr<LogModule> _module;
