@@ -5,7 +5,6 @@
 #include "element/elementroottreenode.h"
 #include "fixtures/fixtureelements.h"
 #include "signalrecorder.h"
-#include "treestring.h"
 #include "widgets/vieweditelementwidget.h"
 
 #include <QTest>
@@ -24,9 +23,7 @@ public:
     void performOperation(ContextOperation *context, OperationType type, ElementData *,
                           int) override
     {
-        log << QStringLiteral("%1:%2")
-                   .arg(context->elementContext()->title())
-                   .arg(quint64(type), 0, 16);
+        log << context->elementContext()->title() + ':' + QString::number(quint64(type), 16);
     }
     QStringList log;
 };
@@ -69,8 +66,7 @@ private Q_SLOTS:
 
     void titleEditabilityAndWidgets()
     {
-        // The type and the caption as tool tip; the title and the group are left to the
-        // container's proxies and the seeded mutation run.
+        // Title and group roles: the container's proxies and the seeded mutation run.
         Plain runtime(*_module, "user", "alice");
         Plain fixed(*_module, "user", "fixed", 1, {}, {}, -1, NoOperation, nullptr);
         OvtTest::SignalRecorder recorder(&runtime), fixedRecorder(&fixed);
@@ -181,10 +177,9 @@ private Q_SLOTS:
         (target == "c" ? static_cast<Element &>(c) : a)
             .performOperation(ChangeDisplayOperation, data, 0);
 
-        const QStringList seen = QStringList {QString::number(c.displayChildrenVariant()),
-                                              QString::number(a.displayChildrenVariant()),
-                                              QString::number(b.displayChildrenVariant())}
-            + recorder.log;
+        QStringList seen = recorder.log;
+        for (Element *element : std::initializer_list<Element *> {&b, &a, &c})
+            seen.prepend(QString::number(element->displayChildrenVariant()));
         QCOMPARE(seen.join(' '), expected);
         QCOMPARE(_module->log, QStringList());
         QCOMPARE(a.displayChildrenVariants(), c.displayChildrenVariants());

@@ -9,7 +9,6 @@
 #include "plugin/module.h"
 #include "plugin/plugincontainer.h"
 #include "signalrecorder.h"
-#include "treestring.h"
 
 #include <QApplication>
 #include <QTest>
@@ -35,10 +34,7 @@ class tst_ElementContainer : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        QCoreApplication::setApplicationName(QStringLiteral("tst_elementcontainer"));
-    }
+    void initTestCase() { QCoreApplication::setApplicationName("tst_elementcontainer"); }
     void init()
     {
         qApp->setProperty("elementFixtureLog", QStringList());
