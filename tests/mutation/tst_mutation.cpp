@@ -109,29 +109,7 @@ private slots:
         _taskGuard.reset(new ModelTesterGuard(_observer->model()));
     }
     void cleanupTestCase() { _taskGuard.reset(), _pool.reset(), delete _observer; }
-    void randomSteps()
-    {
-        for (int seed = seedFrom; seed <= seedTo; ++seed) {
-            build(unsigned(seed));
-            for (int number = 1; number <= stepCount; ++number) {
-                where = QStringLiteral("seed %1, step %2 (--seed %1 --steps %2)")
-                            .arg(seed)
-                            .arg(number);
-                const QString kind = pick(Steps);
-                where += ": " + kind, _step(kind);
-                for (const auto &[model, oracle] : qAsConst(_oracles)) {
-                    const QString expected = oracle(), got = dump(model);
-                    QVERIFY2(expected == got,
-                             qPrintable(
-                                 QStringLiteral("%1\n%2 differs\n  expected: %3\n  actual:   %4")
-                                     .arg(where, model->metaObject()->className(), expected, got)));
-                }
-            }
-            teardown();
-        }
-        qInfo("%d seeds of %d steps, every model compared after each", seedTo - seedFrom + 1,
-              stepCount);
-    }
+    void randomSteps();
     // Ticking a row ticks its name, so every row of that name, but dataChanged() names the ticked
     // row alone: the filters over the choice model keep their old answer for the others.
     void sameNameIsAnnounced()
@@ -324,9 +302,8 @@ private:
                 parent->removeAt(pos, rnd(4));
             } else if (kind == "reload") { // some name a missing parent or skip a level
                 const bool paired = rnd(2);
-                const QList<TreeNodeModel *> models {_treeModel, elementModel};
-                for (TreeNodeModel *model : paired ? models : QList<TreeNodeModel *>())
-                    model->nodesAboutToBeReset();
+                if (paired)
+                    _treeModel->nodesAboutToBeReset(), elementModel->nodesAboutToBeReset();
                 QList<TreeNode *> list;
                 for (Node *node : qAsConst(_nodes))
                     node->parentNode() ? void(node->parentNode()->removeOne(node)) : void();
@@ -340,8 +317,7 @@ private:
                     list << node;
                 }
                 _root->loadTreeFromList(list);
-                for (TreeNodeModel *model : paired ? models : QList<TreeNodeModel *>())
-                    model->nodesReset();
+                paired ? _treeModel->nodesReset(), elementModel->nodesReset() : void();
             } else if (kind == "extras") { // new ones, or none
                 QList<TreeNode *> extras;
                 for (int i = rnd(3); i > 0; --i)
@@ -495,6 +471,28 @@ private:
     QList<TaskRow> _tasks;
     int _running = 0, _problems = 0, _nextTask = 0;
 };
+
+void tst_Mutation::randomSteps()
+{
+    for (int seed = seedFrom; seed <= seedTo; ++seed) {
+        build(unsigned(seed));
+        for (int number = 1; number <= stepCount; ++number) {
+            where = QStringLiteral("seed %1, step %2 (--seed %1 --steps %2)").arg(seed).arg(number);
+            const QString kind = pick(Steps);
+            where += ": " + kind, _step(kind);
+            for (const auto &[model, oracle] : qAsConst(_oracles)) {
+                const QString expected = oracle(), got = dump(model);
+                QVERIFY2(
+                    expected == got,
+                    qPrintable(QStringLiteral("%1\n%2 differs\n  expected: %3\n  actual:   %4")
+                                   .arg(where, model->metaObject()->className(), expected, got)));
+            }
+        }
+        teardown();
+    }
+    qInfo("%d seeds of %d steps, every model compared after each", seedTo - seedFrom + 1,
+          stepCount);
+}
 
 int main(int argc, char *argv[])
 {
