@@ -121,7 +121,7 @@ private slots:
         _root->append({first, second});
         QVERIFY(_choice->setData(_choice->index(0, 0), true, ChoiceRole));
         QCOMPARE(_choice->index(1, 0).data(ChoiceRole).toBool(), true);
-        QCOMPARE(_choiceFilters.at(0)->rowCount(), 2);
+        QCOMPARE(_models.at(4)->rowCount(), 2); // the ticked rows
         teardown();
     }
 
@@ -170,7 +170,6 @@ private:
                             }};
         return model;
     }
-    // What a model must show of a node: the oracle of every model, chosen by its type.
     bool shows(QAbstractItemModel *model, Node *node, const Path &path) const
     {
         auto *proxy = dynamic_cast<TreeNodeSortFilterProxyModel *>(model);
@@ -260,15 +259,14 @@ private:
         auto *columnsProxy = addModel(new TreeNodeSortFilterProxyModel(rnd(4)), _treeModel);
         auto *filterProxy = addModel(new FilterTreeNodeSortFilterProxyModel(rnd(4)), _treeModel);
         _choice = addModel(new ChoiceTreeNodeProxyModel(0, ChoiceRole, ChoiceRole + 1), _treeModel);
-        _choiceFilters = {addModel(new ChoiceTreeNodeSortFilterProxyModel(true), _choice),
-                          addModel(new ChoiceFilterTreeNodeSortFilterProxyModel(false), _choice)};
+        addModel(new ChoiceTreeNodeSortFilterProxyModel(true), _choice); // the fifth model
+        auto *unticked = addModel(new ChoiceFilterTreeNodeSortFilterProxyModel(false), _choice);
         auto *elementModel = addModel(new ElementModel(_root));
         addModel(new ElementSortFilterProxyModel(rnd(4)), elementModel);
         auto *groupProxy = addModel(new GroupInvisibleElementSortFilterProxyModel, elementModel);
         auto *selectableProxy = addModel(new SelectableElementSortFilterProxyModel, elementModel);
         const QList<QSortFilterProxyModel *> filters {
-            filterProxy, _choiceFilters.at(1),
-            addModel(new ListWidgetProxyModel(rnd(4)), elementModel),
+            filterProxy, unticked, addModel(new ListWidgetProxyModel(rnd(4)), elementModel),
             addModel(new NodesWidgetProxyModel(rnd(4)), elementModel),
             addModel(new ElementsWidgetProxyModel(rnd(4)), elementModel)};
         const QList<CheckMiscModel *> checks {addModel(new CheckMiscModel),
@@ -456,7 +454,6 @@ private:
     std::function<void(const QString &)> _step;
     TreeNodeModel *_treeModel = nullptr;
     ChoiceTreeNodeProxyModel *_choice = nullptr;
-    QList<TreeNodeSortFilterProxyModel *> _choiceFilters;
     QSet<QString> _checked, _blocked;
     int _nextKey = 0;
     QStringList _items; // the check lists' items, checked now and at loading, forbidden pairs
