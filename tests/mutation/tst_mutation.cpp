@@ -83,8 +83,6 @@ class tst_Mutation : public QObject
 private slots:
     void initTestCase()
     {
-        QCoreApplication::setOrganizationName(QStringLiteral("ovt-tests"));
-        QCoreApplication::setApplicationName(QStringLiteral("tst_mutation"));
         static QtMessageHandler previous = nullptr;
         previous = qInstallMessageHandler(
             [](QtMsgType type, const QMessageLogContext &context, const QString &message) {
@@ -460,13 +458,12 @@ void tst_Mutation::randomSteps()
         }
         teardown();
     }
-    qInfo("%d seeds of %d steps, every model compared after each", seedTo - seedFrom + 1,
-          stepCount);
 }
 
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
+    app.setOrganizationName("ovt-tests"), app.setApplicationName("tst_mutation");
     QStringList args = app.arguments();
     for (const char *option : {"--seed", "--seeds", "--steps"}) {
         const int at = args.indexOf(QLatin1String(option)), value = args.value(at + 1).toInt();
