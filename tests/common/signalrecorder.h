@@ -10,12 +10,9 @@
 
 namespace OvtTest {
 
-/**
- * Records signals as strings, in order. Of a model: "aboutToBeInserted(a,0,1)",
- * "removed(root,2,4)", "dataChanged(a,0,b,1)", "aboutToBeReset", "reset" (rows named as in
- * modelToString()). Of a node and so of its whole tree: "aboutToBeInserted(a,0,1)",
- * "inserted", "dataChanged(a1)", "childsDataChanged(a)", "setCurrent(a)", "expand(a)".
- */
+/** Records signals of a model ("removed(root,2,4)", "dataChanged(a,0,b,1)", "reset"; rows named
+ * as in modelToString()) or of a node's tree ("aboutToBeInserted(a,0,1)", "inserted",
+ * "childsDataChanged(a)", "setCurrent(a)", "expand(a)") as strings, in order. */
 class SignalRecorder : public QObject
 {
 public:
@@ -62,7 +59,6 @@ public:
         connect(node, &TreeNode::expandCurrentNode, this, one("expand"));
     }
 
-    QStringList recorded() const { return log; }
     /** Returns what was recorded so far and starts afresh. */
     QStringList take() { return std::exchange(log, {}); }
 
@@ -79,7 +75,5 @@ private:
         log << name + (parts.isEmpty() ? QString() : '(' + parts.join(',') + ')');
     }
 };
-
-using TreeNodeSignalRecorder = SignalRecorder; // the name tests/element use
 
 } // namespace OvtTest

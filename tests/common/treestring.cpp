@@ -5,28 +5,15 @@
 
 #include <QAbstractItemModelTester>
 #include <QRegularExpression>
-#include <QTest>
 
 namespace OvtTest {
 
-TestNode::TestNode(int expectedDepth, const QString &expectedParentId, const QString &name,
-                   QObject *owner)
+TestNode::TestNode(const QString &name, QObject *owner, int expectedDepth,
+                   const QString &expectedParentId)
     : TreeNode(expectedDepth, expectedParentId, owner)
     , texts {name}
 {
     setId(name);
-}
-
-QStringList &TestNode::afterLoadLog()
-{
-    static QStringList log;
-    return log;
-}
-
-void TestNode::afterLoad()
-{
-    ++afterLoads;
-    afterLoadLog().append(id());
 }
 
 QVariant TestNode::data(int column, int role) const
@@ -113,7 +100,7 @@ QList<TreeNode *> listNodes(const QString &items, QObject *owner)
     QList<TreeNode *> nodes;
     for (const QString &item : words(items)) {
         const QStringList p = item.split(QLatin1Char(':'));
-        nodes.append(new TestNode(p.at(0).toInt(), p.at(1), p.at(2), owner));
+        nodes.append(new TestNode(p.at(2), owner, p.at(0).toInt(), p.at(1)));
     }
     return nodes;
 }

@@ -6,8 +6,6 @@
 #include "treenode/treenode.h"
 
 #include <QModelIndex>
-#include <QStringList>
-
 #include <QTest>
 
 #include <array>
@@ -16,23 +14,17 @@ class QAbstractItemModel;
 
 namespace OvtTest {
 
-/**
- * The node of trees written as strings: its id is its name, column c of the display and
- * tool-tip roles shows texts[c]; a root also gives a model its column count.
- */
+/** A node whose id is its name; column c shows texts[c]; a root gives its model the columns. */
 class TestNode : public TreeNode
 {
 public:
-    TestNode(int expectedDepth, const QString &expectedParentId, const QString &name,
-             QObject *owner);
-    TestNode(const QString &name, QObject *owner)
-        : TestNode(-1, QString(), name, owner)
-    { }
+    TestNode(const QString &name, QObject *owner, int expectedDepth = -1,
+             const QString &expectedParentId = {});
 
     /** Ids of the nodes in the order they received afterLoad(), across all test nodes. */
-    static QStringList &afterLoadLog();
+    static inline QStringList afterLoadLog;
 
-    void afterLoad() override;
+    void afterLoad() override { ++afterLoads, afterLoadLog.append(id()); }
     int treeNodeSpecialFlags() const override { return flags; }
     int columnCount() const override { return columns; }
     QVariant data(int column, int role) const override;
@@ -43,11 +35,8 @@ public:
     int afterLoads = 0;
 };
 
-/**
- * Builds the nodes of @p notation, owned by @p owner, and returns the top-level ones, detached.
- * Notation: "a[a1 a2] b" (children in brackets); "a|x|y" gives columns 1 and 2 the texts x and y;
- * "a#3" gives special flags 3.
- */
+/** The detached top-level nodes of "a[a1 a2] b" (children in brackets; "a|x|y" gives columns 1
+ * and 2 the texts x and y; "a#3" gives special flags 3), owned by @p owner. */
 QList<TreeNode *> buildNodes(const QString &notation, QObject *owner);
 /** A root with id "root" over the tree "[...]". */
 TestNode *buildTree(const QString &notation, QObject *owner, int columns = 1);
@@ -69,8 +58,7 @@ QList<TreeNode *> listNodes(const QString &items, QObject *owner);
 void table();
 void row(const char *name, const QString &fields);
 /** The current row's first N fields, blanks around them trimmed. */
-template<int N>
-std::array<QString, N> fields()
+template<int N> std::array<QString, N> fields()
 {
     QFETCH(QString, fields);
     const QStringList list = fields.split(QLatin1Char(';'));

@@ -5,13 +5,9 @@
 #include "element/elementroottreenode.h"
 #include "fixtures/fixtureelements.h"
 #include "signalrecorder.h"
-#include "treestring.h"
 #include "widgets/vieweditelementwidget.h"
 
-#include <QSignalSpy>
 #include <QTest>
-
-#include <memory>
 
 using namespace Fixture;
 
@@ -27,9 +23,7 @@ public:
     void performOperation(ContextOperation *context, OperationType type, ElementData *,
                           int) override
     {
-        log << QStringLiteral("%1:%2")
-                   .arg(context->elementContext()->title())
-                   .arg(quint64(type), 0, 16);
+        log << context->elementContext()->title() + ':' + QString::number(quint64(type), 16);
     }
     QStringList log;
 };
@@ -70,266 +64,130 @@ private Q_SLOTS:
     void init() { _module = std::make_unique<LogModule>(); }
     void cleanup() { _module.reset(); }
 
-    void roles();
-    void titleEditabilityAndWidgets();
-    void lazyLoading_data();
-    void lazyLoading();
-    void containerRearms();
-    void treeNotifiesModules_data();
-    void treeNotifiesModules();
-    void kinds_data();
-    void kinds();
-    void changeDisplay_data();
-    void changeDisplay();
-    void supplementLoginMixin();
-    void serviceIcon();
+    void titleEditabilityAndWidgets()
+    {
+        // Title and group roles: the container's proxies and the seeded mutation run.
+        Plain runtime(*_module, "user", "alice");
+        Plain fixed(*_module, "user", "fixed", 1, {}, {}, -1, NoOperation, nullptr);
+        OvtTest::SignalRecorder recorder(&runtime), fixedRecorder(&fixed);
+        runtime.setTitle("bob");
+        fixed.setTitle("bob"); // a persistent element keeps title and id, silently
+        QCOMPARE(runtime.title() + ' ' + runtime.id() + ' ' + fixed.title() + ' ' + fixed.id(),
+                 QString("bob user_bob fixed fixed"));
+        QCOMPARE(recorder.log + fixedRecorder.log, QStringList {"dataChanged(user_bob)"});
+        QCOMPARE(runtime.data(0, 261).toString() + ' '
+                     + runtime.data(0, Qt::ToolTipRole).toString(),
+                 QString("user Caption of bob"));
+        QVERIFY(runtime.isEditable() && !fixed.isEditable()); // no callback: never editable
+        auto *widget = new UserWidget(*_module);
+        _module->insertElementWidget(widget);
+        QCOMPARE(runtime.elementWidget(CreateRole), widget);
+        QCOMPARE(fixed.elementWidget(CreateRole), nullptr);
+        QCOMPARE(fixed.elementWidget(ViewEditRole), widget);
+    }
+    void lazyLoading_data()
+    {
+        OvtTest::table();
+        OvtTest::row("pending and readable: reads once", "1; 8; 1; box:8; 0");
+        OvtTest::row("content not offered: nothing starts", "1; 20; 0; ; 1");
+        OvtTest::row("already loaded", "0; 8; 0; ; 0");
+    }
+    void lazyLoading()
+    {
+        const auto [pending, offered, canFetch, log, pendingAfter] = OvtTest::fields<5>();
+        Plain box(*_module, "user", "box", -1, {}, {}, -1,
+                  OperationType(offered.toULongLong(nullptr, 16)));
+        box.pending() = pending.toInt();
+        QCOMPARE(box.canFetchMore(), bool(canFetch.toInt()));
+        box.fetchMore();
+        box.fetchMore(); // a view asking again while the read runs starts nothing more
+        QCOMPARE(_module->log, OvtTest::words(log));
+        QCOMPARE(box.pending(), bool(pendingAfter.toInt()));
+
+        // A refresh sent by hand also counts as having read the children.
+        Container container(*_module, "user", "c");
+        container.performOperation(ReadContentOperation, nullptr, 0);
+        QVERIFY(!container.pending());
+    }
+    void kinds_data()
+    {
+        // Flags: e editable, p persistent, d under a container offering ChangeDisplay. Every
+        // operation is then sent to the element; "forwarded" is what reached the module.
+        OvtTest::table();
+        const QString login = QStringLiteral("60028; e:8 e:20 e:20000 e:40000");
+        OvtTest::row("login", "login; e;" + login);
+        OvtTest::row("login, not editable: the same", "login; ;" + login);
+        OvtTest::row("service offers nothing by itself", "service; e; 0; ");
+        OvtTest::row("container", "container; e; c; e:4 e:8");
+        OvtTest::row("container, not editable, still forwards create", "container; ; 8; e:4 e:8");
+        const QString ordinary = QStringLiteral("e:4 e:20 e:40 e:80");
+        OvtTest::row("ordinary", "ordinary; e; e4;" + ordinary);
+        OvtTest::row("ordinary, persistent", "ordinary; ep; 60;" + ordinary);
+        OvtTest::row("ordinary, not editable", "ordinary; ; 20;" + ordinary);
+        OvtTest::row("ordinary under display container", "ordinary; ed; 8e4;" + ordinary);
+        OvtTest::row("supplement", "supplement; e; 60; e:20 e:40");
+        OvtTest::row("supplement, not editable", "supplement; ; 20; e:20 e:40");
+    }
+    void kinds()
+    {
+        const auto [kind, flags, offered, forwarded] = OvtTest::fields<4>();
+
+        Container parent(*_module, "user", "parent", -1, {}, {}, -1, ChangeDisplayOperation);
+        std::unique_ptr<Element> element
+            = kindMakers[kind](*_module, flags.contains('e'), flags.contains('p') ? 1 : -1);
+        if (flags.contains('d'))
+            parent.append(element.get());
+        QCOMPARE(QString::number(quint64(element->availableOperations()), 16), offered);
+
+        _module->log.clear();
+        ChangeDisplayElementData display(1);
+        for (OperationType operation : {CreateOperation, ReadContentOperation, ReadLightOperation,
+                                        ReadOperation, UpdateOperation, DeleteOperation,
+                                        ChangeDisplayOperation, LoginOperation1, LoginOperation2})
+            element->performOperation(operation, &display, 0);
+        QCOMPARE(_module->log, OvtTest::words(forwarded));
+    }
+    void changeDisplay_data()
+    {
+        // expected: display variants of container, a and b, then the container's signals
+        OvtTest::table();
+        OvtTest::row("on a child, through the container",
+                     "1; change; a; 2 2 2 childsDataChanged(user_c)");
+        OvtTest::row("on the container", "1; change; c; 2 2 2 childsDataChanged(user_c)");
+        OvtTest::row("null record", "1; null; c; 0 0 0");
+        OvtTest::row("plain record", "1; plain; c; 0 0 0");
+        OvtTest::row("not offered: child keeps its own", "0; change; a; 0 0 0");
+        OvtTest::row("not offered: container still changes",
+                     "0; change; c; 2 0 0 childsDataChanged(user_c)");
+    }
+    void changeDisplay()
+    {
+        const auto [offers, record, target, expected] = OvtTest::fields<4>();
+
+        Container c(*_module, "user", "c", -1, {}, {}, -1,
+                    offers == "1" ? ChangeDisplayOperation : NoOperation);
+        Ordinary a(*_module, "user", "a"), b(*_module, "user", "b");
+        c.append(QList<TreeNode *> {&a, &b});
+        OvtTest::SignalRecorder recorder(&c);
+        _module->log.clear();
+
+        ChangeDisplayElementData change(2);
+        ElementData plain;
+        ElementData *data = record == "change" ? &change : record == "plain" ? &plain : nullptr;
+        (target == "c" ? static_cast<Element &>(c) : a)
+            .performOperation(ChangeDisplayOperation, data, 0);
+
+        QStringList seen = recorder.log;
+        for (Element *element : std::initializer_list<Element *> {&b, &a, &c})
+            seen.prepend(QString::number(element->displayChildrenVariant()));
+        QCOMPARE(seen.join(' '), expected);
+        QCOMPARE(_module->log, QStringList());
+        QCOMPARE(a.displayChildrenVariants(), c.displayChildrenVariants());
+    }
 
 private:
     std::unique_ptr<LogModule> _module;
 };
-
-void tst_Element::roles()
-{
-    Plain top(*_module, "user", "top"), middle(*_module, "user", "middle");
-    auto *leaf = new Plain(*_module, "user", "leaf");
-    top.append(&middle);
-    middle.append(leaf);
-    top.group() = "accounts";
-
-    // Title in any column, type, own group (not the inherited one), display, tool tip.
-    QStringList texts;
-    for (const auto &cell : {qMakePair(3, 260), {0, 261}, {0, 262}, {0, 0}, {1, 0}, {0, 3}})
-        texts << leaf->data(cell.first, cell.second).toString();
-    QCOMPARE(texts.join('|'), QString("leaf|user|Undefined|leaf||Caption of leaf"));
-    QVERIFY(leaf->data(0, Qt::DecorationRole).value<QIcon>().isNull());
-    // The nearest group set on the element or an element above it.
-    QCOMPARE(leaf->groupElementType(), QString("accounts"));
-    middle.group() = "people";
-    QCOMPARE(leaf->groupElementType(), QString("people"));
-    middle.clear();
-    QCOMPARE(leaf->groupElementType(), QString("Undefined"));
-    delete leaf;
-}
-
-void tst_Element::titleEditabilityAndWidgets()
-{
-    Plain runtime(*_module, "user", "alice");
-    Plain fixed(*_module, "user", "fixed", 1, {}, {}, -1, NoOperation, nullptr);
-    QSignalSpy changed(&runtime, &TreeNode::nodeDataChanged);
-    QSignalSpy fixedChanged(&fixed, &TreeNode::nodeDataChanged);
-    runtime.setTitle("bob");
-    fixed.setTitle("bob"); // a persistent element keeps title and id, silently
-    QCOMPARE(runtime.title() + ' ' + runtime.id() + ' ' + fixed.title() + ' ' + fixed.id(),
-             QString("bob user_bob fixed fixed"));
-    QCOMPARE(changed.count(), 1);
-    QCOMPARE(fixedChanged.count(), 0);
-
-    QVERIFY(runtime.isEditable());
-    QVERIFY(!fixed.isEditable()); // no callback: never editable
-    auto *widget = new UserWidget(*_module);
-    _module->insertElementWidget(widget);
-    QCOMPARE(runtime.elementWidget(CreateRole), widget);
-    QCOMPARE(fixed.elementWidget(CreateRole), nullptr);
-    QCOMPARE(fixed.elementWidget(ViewEditRole), widget);
-}
-
-void tst_Element::lazyLoading_data()
-{
-    OvtTest::table();
-    OvtTest::row("pending and readable: reads once", "1; 8; 1; box:8; 0");
-    OvtTest::row("content not offered: nothing starts", "1; 20; 0; ; 1");
-    OvtTest::row("already loaded", "0; 8; 0; ; 0");
-}
-
-void tst_Element::lazyLoading()
-{
-    const auto [pending, offered, canFetch, log, pendingAfter] = OvtTest::fields<5>();
-
-    Plain box(*_module, "user", "box", -1, {}, {}, -1,
-              OperationType(offered.toULongLong(nullptr, 16)));
-    box.pending() = pending.toInt();
-    QCOMPARE(box.canFetchMore(), bool(canFetch.toInt()));
-    box.fetchMore();
-    box.fetchMore(); // a view asking again while the read runs starts nothing more
-    QCOMPARE(_module->log, OvtTest::words(log));
-    QCOMPARE(box.pending(), bool(pendingAfter.toInt()));
-}
-
-void tst_Element::containerRearms()
-{
-    Container container(*_module, "user", "c");
-    container.fetchMore();
-    QCOMPARE(_module->log, QStringList {"c:8"});
-    // A refresh sent by hand also counts as having read the children.
-    container.resetRequireLoad();
-    container.performOperation(ReadContentOperation, nullptr, 0);
-    QVERIFY(!container.pending());
-    container.resetRequireLoad();
-    QVERIFY(container.canFetchMore());
-}
-
-void tst_Element::treeNotifiesModules_data()
-{
-    OvtTest::table();
-    OvtTest::row("count cut to the end", "5; 10; e0 e1 e2 - e4; e5:2 e6:2");
-    OvtTest::row("plain nodes go without notice", "2; 2; e0 e1 e4 e5 e6; e2:2");
-    OvtTest::row("position at the end", "7; 1; e0 e1 e2 - e4 e5 e6; ");
-    OvtTest::row("zero count", "0; 0; e0 e1 e2 - e4 e5 e6; ");
-    OvtTest::row("negative position", "-1; 2; e0 e1 e2 - e4 e5 e6; ");
-}
-
-void tst_Element::treeNotifiesModules()
-{
-    const auto [pos, count, left, removed] = OvtTest::fields<4>();
-
-    // Elements and the element root share the rules.
-    for (bool underRoot : {false, true}) {
-        ElementRootTreeNode root;
-        Plain element(*_module, "user", "parent");
-        TreeNode *parent = underRoot ? static_cast<TreeNode *>(&root) : &element;
-        QList<TreeNode *> children;
-        for (int i = 0; i < 7; ++i) {
-            children << (i == 3 ? new TreeNode(_module.get()) // a node that is no element
-                                : new Plain(*_module, "user", QStringLiteral("e%1").arg(i)));
-        }
-        _module->log.clear();
-        parent->insert(0, children.mid(1));
-        parent->insert(0, children.first()); // the single-node form too
-        QCOMPARE(_module->log.join(' '), QString("e1:1 e2:1 e4:1 e5:1 e6:1 e0:1"));
-
-        _module->log.clear();
-        parent->removeAt(pos.toInt(), count.toInt());
-        QStringList shown;
-        for (TreeNode *child : parent->childNodes())
-            shown << (child->id().isEmpty() ? QStringLiteral("-") : child->id().mid(5));
-        QCOMPARE(shown.join(' '), left);
-        QCOMPARE(_module->log, OvtTest::words(removed));
-        parent->clear();
-    }
-}
-
-void tst_Element::kinds_data()
-{
-    // Flags: e editable, p persistent, d under a container offering ChangeDisplay. Every
-    // operation is then sent to the element; "forwarded" is what reached the module.
-    OvtTest::table();
-    const QString login = QStringLiteral("60028; e:8 e:20 e:20000 e:40000");
-    OvtTest::row("login", "login; e;" + login);
-    OvtTest::row("login, not editable: the same", "login; ;" + login);
-    OvtTest::row("service offers nothing by itself", "service; e; 0; ");
-    OvtTest::row("container", "container; e; c; e:4 e:8");
-    OvtTest::row("container, not editable, still forwards create", "container; ; 8; e:4 e:8");
-    const QString ordinary = QStringLiteral("e:4 e:20 e:40 e:80");
-    OvtTest::row("ordinary", "ordinary; e; e4;" + ordinary);
-    OvtTest::row("ordinary, persistent", "ordinary; ep; 60;" + ordinary);
-    OvtTest::row("ordinary, not editable", "ordinary; ; 20;" + ordinary);
-    OvtTest::row("ordinary under display container", "ordinary; ed; 8e4;" + ordinary);
-    OvtTest::row("supplement", "supplement; e; 60; e:20 e:40");
-    OvtTest::row("supplement, not editable", "supplement; ; 20; e:20 e:40");
-}
-
-void tst_Element::kinds()
-{
-    const auto [kind, flags, offered, forwarded] = OvtTest::fields<4>();
-
-    Container parent(*_module, "user", "parent", -1, {}, {}, -1, ChangeDisplayOperation);
-    std::unique_ptr<Element> element
-        = kindMakers[kind](*_module, flags.contains('e'), flags.contains('p') ? 1 : -1);
-    if (flags.contains('d'))
-        parent.append(element.get());
-    QCOMPARE(QString::number(quint64(element->availableOperations()), 16), offered);
-
-    _module->log.clear();
-    ChangeDisplayElementData display(1);
-    for (OperationType operation :
-         {CreateOperation, ReadContentOperation, ReadLightOperation, ReadOperation, UpdateOperation,
-          DeleteOperation, ChangeDisplayOperation, LoginOperation1, LoginOperation2})
-        element->performOperation(operation, &display, 0);
-    QCOMPARE(_module->log, OvtTest::words(forwarded));
-}
-
-void tst_Element::changeDisplay_data()
-{
-    // expected: display variants of container, a and b, then the container's signals
-    OvtTest::table();
-    OvtTest::row("on a child, through the container",
-                 "1; change; a; 2 2 2 childsDataChanged(user_c)");
-    OvtTest::row("on the container", "1; change; c; 2 2 2 childsDataChanged(user_c)");
-    OvtTest::row("null record", "1; null; c; 0 0 0");
-    OvtTest::row("plain record", "1; plain; c; 0 0 0");
-    OvtTest::row("not offered: child keeps its own", "0; change; a; 0 0 0");
-    OvtTest::row("not offered: container still changes",
-                 "0; change; c; 2 0 0 childsDataChanged(user_c)");
-}
-
-void tst_Element::changeDisplay()
-{
-    const auto [offers, record, target, expected] = OvtTest::fields<4>();
-
-    Container c(*_module, "user", "c", -1, {}, {}, -1,
-                offers == "1" ? ChangeDisplayOperation : NoOperation);
-    Ordinary a(*_module, "user", "a"), b(*_module, "user", "b");
-    c.append(QList<TreeNode *> {&a, &b});
-    OvtTest::TreeNodeSignalRecorder recorder(&c);
-    _module->log.clear();
-
-    ChangeDisplayElementData change(2);
-    ElementData plain;
-    ElementData *data = record == "change" ? &change : record == "plain" ? &plain : nullptr;
-    (target == "c" ? static_cast<Element &>(c) : a)
-        .performOperation(ChangeDisplayOperation, data, 0);
-
-    const QStringList seen = QStringList {QString::number(c.displayChildrenVariant()),
-                                          QString::number(a.displayChildrenVariant()),
-                                          QString::number(b.displayChildrenVariant())}
-        + recorder.recorded();
-    QCOMPARE(seen.join(' '), expected);
-    QCOMPARE(_module->log, QStringList());
-    QCOMPARE(a.displayChildrenVariants(), c.displayChildrenVariants());
-}
-
-void tst_Element::supplementLoginMixin()
-{
-    Login login(*_module, "login", "login"), notLogin(*_module, "login", "other");
-    login.elementData()->insert(QStringLiteral("isLogin"), true);
-    Service service(*_module, "service", "service"); // a record without "isLogin"
-    Ordinary ordinary(*_module, "alias", "ordinary"); // no record
-    ElementRootTreeNode root;
-    QStringList flags;
-    for (TreeNode *parent :
-         QList<TreeNode *> {&login, &notLogin, &service, &ordinary, &root, nullptr}) {
-        Mailbox mailbox(*_module, "mailbox");
-        if (parent)
-            parent->append(&mailbox);
-        flags << QString::number(mailbox.treeNodeSpecialFlags());
-    }
-    QCOMPARE(flags.join(' '), QString("2 3 3 2 2 2"));
-    QCOMPARE(SupplementLoginMixin(nullptr).treeNodeSpecialFlags(0x4), 0x4);
-    // The kind alone marks itself as supplement.
-    QCOMPARE(Mailbox(*_module, "mailbox").SupplementElement::treeNodeSpecialFlags(), 0x1);
-}
-
-void tst_Element::serviceIcon()
-{
-    Service service(*_module, "service", "sshd");
-    auto *light = static_cast<ServiceLightElementData *>(service.elementData());
-    const auto icon = [&] {
-        return service.data(0, Qt::DecorationRole).value<QIcon>().cacheKey();
-    };
-    const qint64 none = Element::defaultIcon().cacheKey();
-    QCOMPARE(icon(), none); // state never read
-    // Theme icons are cached by name, so the same name gives the same icon.
-    light->setState(true, QString());
-    QCOMPARE(icon(), QIcon::fromTheme("media-playback-start").cacheKey());
-    light->setState(false, "masked"); // an own text still decides by state
-    QCOMPARE(icon(), QIcon::fromTheme("media-playback-stop").cacheKey());
-    delete light;
-    service.setElementData(new ElementData);
-    QCOMPARE(icon(), none);
-    delete service.elementData();
-    service.setElementData(nullptr);
-    QCOMPARE(icon(), none);
-}
 
 QTEST_MAIN(tst_Element)
 #include "tst_element.moc"

@@ -12,93 +12,79 @@ class TstElementData : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void nameAndImport();
-    void setState();
-    void copies();
-};
-
-void TstElementData::nameAndImport()
-{
-    ServiceLightElementData data;
-    QCOMPARE(data.name(), QString());
-    QVERIFY(!data.contains("name"));
-    data.insert("name", 42);
-    QCOMPARE(data.name(), QStringLiteral("42"));
-
-    // Only keys the record already holds take the other's values; typed fields stay.
-    data.insert("user", "alice");
-    data.setState(true, "mine");
-    ServiceLightElementData other;
-    other.setName("new");
-    other.insert("isLogin", true);
-    other.setState(false, "theirs");
-    QCOMPARE(&data.importFrom(other), &data);
-    QCOMPARE(static_cast<const ElementData::QMap &>(data),
-             (ElementData::QMap {{"name", "new"}, {"user", "alice"}}));
-    QCOMPARE(data.textState(), QStringLiteral("mine"));
-    QVERIFY(data.state());
-}
-
-void TstElementData::setState()
-{
-    // An empty text is filled in from the state; an own text is kept whatever the state.
-    QStringList states;
-    for (const auto &[state, text] :
-         {std::pair(true, ""), {false, ""}, {true, "up"}, {false, "up"}}) {
+    void nameAndImport()
+    {
         ServiceLightElementData data;
-        data.setState(state, text);
-        states << QString::number(data.state()) + data.textState();
-        QVERIFY(data.isEmpty()); // the state never lands in the property map
-    }
-    QCOMPARE(states.join(' '), QString("1started 0stopped 1up 0up"));
-}
+        data.insert("name", 42);
+        QCOMPARE(data.name(), QStringLiteral("42"));
 
-void TstElementData::copies()
-{
-    ChangeDisplayElementData display(3), displayAssigned;
-    displayAssigned = display;
-    QCOMPARE(ChangeDisplayElementData(display).displayType() * displayAssigned.displayType(), 9);
-
-    // The heavy record's data lines belong to the record that read them.
-    ServiceHeavyElementData heavy;
-    heavy.setName("nginx");
-    heavy.setState(true, QString());
-    heavy.data() << "line";
-    heavy.setConfigData("worker_processes 2;");
-    heavy.setConfigFile("/etc/nginx/nginx.conf");
-    ServiceHeavyElementData heavyCopy(heavy), heavyAssigned;
-    heavyAssigned.data() << "own";
-    heavyAssigned = heavy;
-    QVERIFY(heavyCopy.data().isEmpty());
-    QCOMPARE(heavyAssigned.data(), QStringList {"own"});
-    for (const ServiceHeavyElementData *data : {&heavyCopy, &heavyAssigned}) {
-        QCOMPARE(data->name() + data->textState() + data->configData() + data->configFile(),
-                 QStringLiteral("nginxstartedworker_processes 2;/etc/nginx/nginx.conf"));
-        QVERIFY(data->state());
+        // Only keys the record already holds take the other's values; typed fields stay.
+        data.insert("user", "alice");
+        data.setState(true, "mine");
+        ServiceLightElementData other;
+        other.setName("new");
+        other.insert("isLogin", true);
+        other.setState(false, "theirs");
+        QCOMPARE(&data.importFrom(other), &data);
+        QCOMPARE(static_cast<const ElementData::QMap &>(data),
+                 (ElementData::QMap {{"name", "new"}, {"user", "alice"}}));
+        QCOMPARE(data.textState(), QStringLiteral("mine"));
+        QVERIFY(data.state());
     }
-
-    // Copy-constructed configure records start without incompatible modes; assigned ones
-    // take them, and everything else is copied either way.
-    ServiceConfigureHeavyElementData configure;
-    configure.setUser("admin");
-    configure.setPassword("secret");
-    configure.tasks().insert("apply", "run");
-    configure.checkedItems() << "a";
-    configure.incompatibleModes() << "a|b";
-    auto &self = configure;
-    configure = self;
-    ServiceConfigureHeavyElementData configureCopy(configure), configureAssigned;
-    configureAssigned.incompatibleModes() << "own";
-    configureAssigned = configure;
-    QVERIFY(configureCopy.incompatibleModes().isEmpty());
-    QCOMPARE(configure.incompatibleModes(), QSet<QString> {"a|b"}); // assigned to itself
-    QCOMPARE(configureAssigned.incompatibleModes(), configure.incompatibleModes());
-    for (ServiceConfigureHeavyElementData *data : {&configureCopy, &configureAssigned}) {
-        QCOMPARE(data->user() + data->password() + data->tasks().value("apply")
-                     + data->checkedItems().values().join(""),
-                 QString("adminsecretruna"));
+    void setState()
+    {
+        // An empty text is filled in from the state; an own text is kept whatever the state.
+        QStringList states;
+        for (const auto &[state, text] :
+             {std::pair(true, ""), {false, ""}, {true, "up"}, {false, "up"}}) {
+            ServiceLightElementData data;
+            data.setState(state, text);
+            states << QString::number(data.state()) + data.textState();
+            QVERIFY(data.isEmpty()); // the state never lands in the property map
+        }
+        QCOMPARE(states.join(' '), QString("1started 0stopped 1up 0up"));
     }
-}
+    void copies()
+    {
+        ChangeDisplayElementData display(3), displayAssigned;
+        displayAssigned = display;
+        QCOMPARE(ChangeDisplayElementData(display).displayType() * displayAssigned.displayType(),
+                 9);
+
+        // The heavy record's data lines belong to the record that read them.
+        ServiceHeavyElementData heavy, heavyAssigned;
+        heavy.setName("nginx"), heavy.setState(true, QString()), heavy.data() << "line";
+        heavy.setConfigData("workers 2;"), heavy.setConfigFile("/etc/nginx.conf");
+        heavyAssigned.data() << "own";
+        heavyAssigned = heavy;
+        ServiceHeavyElementData heavyCopy(heavy);
+        QCOMPARE(heavyCopy.data() + heavyAssigned.data(), QStringList {"own"});
+        for (const ServiceHeavyElementData *data : {&heavyCopy, &heavyAssigned}) {
+            QCOMPARE(QString::number(data->state()) + data->name() + data->textState()
+                         + data->configData() + data->configFile(),
+                     QStringLiteral("1nginxstartedworkers 2;/etc/nginx.conf"));
+        }
+
+        // Copy-constructed configure records start without incompatible modes; assigned ones
+        // take them (even from themselves), and everything else is copied either way.
+        ServiceConfigureHeavyElementData configure, assigned;
+        configure.setUser("admin"), configure.setPassword("secret");
+        configure.tasks().insert("apply", "run"), configure.checkedItems() << "a";
+        configure.incompatibleModes() << "a|b";
+        auto &self = configure;
+        configure = self;
+        assigned.incompatibleModes() << "own";
+        assigned = configure;
+        ServiceConfigureHeavyElementData copy(configure);
+        QCOMPARE(copy.incompatibleModes().size() + configure.incompatibleModes().size(), 1);
+        QCOMPARE(assigned.incompatibleModes(), QSet<QString> {"a|b"});
+        for (ServiceConfigureHeavyElementData *data : {&copy, &assigned}) {
+            QCOMPARE(data->user() + data->password() + data->tasks().value("apply")
+                         + data->checkedItems().values().join(""),
+                     QString("adminsecretruna"));
+        }
+    }
+};
 
 QTEST_GUILESS_MAIN(TstElementData)
 

@@ -3,8 +3,7 @@
 
 // Seeded random steps change a node tree, model settings and tasks; after each step every model
 // is compared whole with an oracle computed from the nodes alone, under Fatal model testers.
-// `--seed N --steps M` replays a failure; `--seeds K --steps M` searches seeds 1..K. A new model
-// is one addModel() call and, where it filters or shows rows its own way, a case in shows/text.
+// `--seed N --steps M` replays a failure; `--seeds K --steps M` searches seeds 1..K.
 
 #include "../task/testtasks.h"
 #include "element/elementmodel.h"
@@ -19,8 +18,6 @@
 #include "treenode/choicefiltertreenodesortfilterproxymodel.h"
 #include "treenode/choicetreenodeproxymodel.h"
 #include "treenode/choicetreenodesortfilterproxymodel.h"
-#include "treenode/filtertreenodesortfilterproxymodel.h"
-#include "treenode/treenodemodel.h"
 #include "widgets/configurecheckmodel.h"
 #include "widgets/elementswidgetproxymodel.h"
 #include "widgets/nodeswidgetproxymodel.h"
@@ -28,8 +25,6 @@
 #include <QApplication>
 #include <QtTest>
 
-#include <functional>
-#include <memory>
 #include <random>
 
 namespace {
@@ -42,21 +37,21 @@ const QStringList Patterns {"", "a", "^c", "1", "b$", "[", "x"};
 const QStringList StatusTexts {"processing", "fail", "success", "warning", "about to be stop"};
 const QList<int> Outcomes {2, 2, 1, 3}; // success, success, fail, warning
 
+// The kinds of step, each as often as its weight.
+const QStringList Steps
+    = QStringLiteral("insert insert insert removeAt removeAt reload extras data "
+                     "data group filters delete names names tick tick tick "
+                     "perform perform complete complete checks checks checks")
+          .split(' ');
 int seedFrom = 1, seedTo = 20, stepCount = 300;
-QString where; // the seed and step under way, printed when a fatal tester stops the run
+QString where; // the seed, step and step kind under way, printed when a fatal tester stops the run
 
 // An element with settable flags and group. The tree has one column: the tree model answers a
 // row's children under every column, with column-0 parents, which the tester rejects.
 class Node : public OrdinaryElement
 {
 public:
-    Node(Module &module, int key, const QString &title, QObject *owner)
-        : OrdinaryElement(module, &Module::defaultTrue)
-    {
-        setParent(owner);
-        _id = QStringLiteral("i%1").arg(key);
-        _title = title;
-    }
+    using OrdinaryElement::OrdinaryElement;
     QString caption() const override { return _title; }
     int treeNodeSpecialFlags() const override { return flags; }
     void place(int depth, const QString &id) { _expectedDepth = depth, _expectedParentId = id; }
@@ -66,15 +61,18 @@ public:
 };
 
 using Path = QList<Node *>; // the ancestors of a row as the model shows them, top first
-using Adapter = std::tuple<QString, std::function<QString()>,
-                           std::function<QString()>>; // name, actual, oracle
+using Oracle = std::pair<QAbstractItemModel *, std::function<QString()>>;
 
 struct TaskRow
 {
     Task *task;
-    QString title, message; // the message shows once the task has run
-    int status, outcome;
+    int id, status, outcome; // its message shows once it has run
 };
+
+QString list(const QStringList &rows)
+{
+    return rows.isEmpty() ? QString() : '[' + rows.join(' ') + ']';
+}
 
 } // namespace
 
@@ -83,21 +81,36 @@ class tst_Mutation : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
+    void initTestCase()
+    {
+        static QtMessageHandler previous = nullptr;
+        previous = qInstallMessageHandler(
+            [](QtMsgType type, const QMessageLogContext &context, const QString &message) {
+                if (type == QtFatalMsg)
+                    fprintf(stderr, "mutation: stopped at %s\n", qPrintable(where));
+                previous(type, context, message);
+            });
+        // One worker runs the tasks in the order they came, each when the seed lets the gate open,
+        // so a seed replays exactly.
+        _observer = TaskObserver::instance();
+        _pool.reset(new Pool(1));
+        Ledger probe(1);
+        QVERIFY(Pool::open(new Task(&probe, 0)));
+        QTRY_COMPARE(probe.deletions(), 1);
+        _taskGuard.reset(new ModelTesterGuard(_observer->model()));
+    }
     void cleanupTestCase() { _taskGuard.reset(), _pool.reset(), delete _observer; }
     void randomSteps();
-    void sameNameIsAnnounced();
 
 private:
     int rnd(int n) { return n > 0 ? int(_random() % unsigned(n)) : 0; }
     template<typename T> T pick(const QList<T> &list) { return list.at(rnd(list.size())); }
     Node *newNode(bool inPool = true)
     {
-        auto *node = new Node(*_module, _nextKey++, pick(Titles), _owner);
-        node->flags = rnd(4);
-        if (inPool)
-            _nodes << node;
-        return node;
+        auto *node = new Node(*_module, &Module::defaultTrue);
+        node->setParent(_owner), node->setId(QStringLiteral("i%1").arg(_nextKey++));
+        node->retitle(pick(Titles)), node->flags = rnd(4);
+        return inPool ? _nodes << node, node : node;
     }
     TreeNode *anyParent()
     {
@@ -108,106 +121,103 @@ private:
     {
         return rnd(4) ? QSet<QString> {pick(Titles), pick(Titles)} : QSet<QString>();
     }
+    // A blocked name follows its nearest changeable ancestor; blocked to the top reads ticked.
     bool choiceValue(Node *node, const Path &path) const
     {
-        for (int i = path.size(); i >= 0; --i) {
-            const QString name = (i == path.size() ? node : path.at(i))->title();
-            if (!_blocked.contains(name))
-                return _checked.contains(name);
-        }
-        return true;
+        Path line = path + Path {node};
+        while (!line.isEmpty() && _blocked.contains(line.last()->title()))
+            line.removeLast();
+        return line.isEmpty() || _checked.contains(line.last()->title());
     }
+    /** Watches @p model and compares it after each step with the nodes or the check list. */
     template<typename M>
-    M *addModel(M *model, QAbstractItemModel *source, std::function<QString()> oracle = {});
-    static QString list(const QStringList &rows)
+    M *addModel(M *model, QAbstractItemModel *source = nullptr, bool checkList = false)
     {
-        return rows.isEmpty() ? QString() : '[' + rows.join(' ') + ']';
+        if (auto *proxy = qobject_cast<QAbstractProxyModel *>(model))
+            proxy->setSourceModel(source);
+        where = QStringLiteral("the start of a seed, watching ") + model->metaObject()->className();
+        new QAbstractItemModelTester(model, QAbstractItemModelTester::FailureReportingMode::Fatal,
+                                     model);
+        while (auto *proxy = qobject_cast<QAbstractProxyModel *>(source))
+            source = proxy->sourceModel();
+        const bool extras = !qobject_cast<ElementModel *>(source ? source : model);
+        _models << model;
+        _oracles << Oracle {model, [=] {
+                                return checkList ? checkRows(qobject_cast<CheckMiscModel *>(model))
+                                                 : expect(model, _root->childNodes(), extras);
+                            }};
+        return model;
     }
-    // What a model must show of a node: the oracle of every model, chosen by its type.
     bool shows(QAbstractItemModel *model, Node *node, const Path &path) const
     {
         auto *proxy = dynamic_cast<TreeNodeSortFilterProxyModel *>(model);
         auto *checked = dynamic_cast<ChoiceTreeNodeSortFilterProxyModel *>(model);
+        auto *unchecked = dynamic_cast<ChoiceFilterTreeNodeSortFilterProxyModel *>(model);
+        auto *filter = dynamic_cast<FilterTreeNodeSortFilterProxyModel *>(model);
+        auto *group = dynamic_cast<GroupInvisibleElementSortFilterProxyModel *>(model);
         const int flags = proxy && !checked ? proxy->specialFlagsFilter() : 0;
-        if (((flags & 1) && (node->flags & 1)) || ((flags & 2) && !(node->flags & 2)))
-            return false;
-        if (!path.isEmpty() && qobject_cast<NodesWidgetProxyModel *>(model))
+        const QRegExp regExp = proxy ? proxy->filterRegExp() : QRegExp();
+        // Accept columns name source columns; column 1 does not exist and so never matches.
+        const QSet<int> columns = filter ? filter->acceptColumns() : QSet<int>();
+        QString inherited = node->ownGroup();
+        for (int i = path.size() - 1; i >= 0 && inherited == Undefined; --i)
+            inherited = path.at(i)->ownGroup();
+        if (((flags & 1) && (node->flags & 1)) || ((flags & 2) && !(node->flags & 2))
+            || (!path.isEmpty() && qobject_cast<NodesWidgetProxyModel *>(model)))
             return false;
         if (qobject_cast<ElementsWidgetProxyModel *>(model)) // column 0 alone: none to search
-            return path.isEmpty()
-                && !proxy->filterRegExp().isValid() + proxy->filterRegExp().isEmpty();
-        if (auto *filter = dynamic_cast<FilterTreeNodeSortFilterProxyModel *>(model)) {
-            // Accept columns name source columns; column 1 does not exist and so never matches.
-            const QRegExp regExp = filter->filterRegExp();
-            const QSet<int> columns = filter->acceptColumns();
-            if (!regExp.isEmpty() && regExp.isValid()
-                && ((!columns.isEmpty() && !columns.contains(0))
-                    || regExp.indexIn(node->title()) < 0))
-                return false;
-        }
-        if (auto *unchecked = dynamic_cast<ChoiceFilterTreeNodeSortFilterProxyModel *>(model))
-            return choiceValue(node, path) == unchecked->showChecked();
-        if (checked)
-            return choiceValue(node, path) == checked->showChecked();
-        if (auto *groupProxy = dynamic_cast<GroupInvisibleElementSortFilterProxyModel *>(model)) {
-            QString group = node->ownGroup();
-            for (int i = path.size() - 1; i >= 0 && group == Undefined; --i)
-                group = path.at(i)->ownGroup();
-            return groupProxy->groupElementType() == Undefined
-                || group == groupProxy->groupElementType();
-        }
-        return true;
+            return path.isEmpty() && !regExp.isValid() + regExp.isEmpty();
+        if (filter && !regExp.isEmpty() && regExp.isValid()
+            && ((!columns.isEmpty() && !columns.contains(0)) || regExp.indexIn(node->title()) < 0))
+            return false;
+        if (checked || unchecked)
+            return choiceValue(node, path)
+                == (checked ? checked->showChecked() : unchecked->showChecked());
+        return !group || group->groupElementType() == Undefined
+            || inherited == group->groupElementType();
     }
-    QString text(QAbstractItemModel *model, Node *node, const Path &path) const
+    QString expect(QAbstractItemModel *model, const QList<TreeNode *> &nodes, bool extras,
+                   const Path &path = {}) const
     {
         auto *selectable = qobject_cast<SelectableElementSortFilterProxyModel *>(model);
-        if (selectable && selectable->selectionDisplayRole() == Element::GroupElementTypeRole)
-            return node->ownGroup();
-        if (model == _choice)
-            return node->title() + (choiceValue(node, path) ? "+" : "")
-                + (_blocked.contains(node->title()) ? "!" : "");
-        return node->title();
+        const bool groups
+            = selectable && selectable->selectionDisplayRole() == Element::GroupElementTypeRole;
+        QStringList rows;
+        for (TreeNode *treeNode :
+             (extras ? _treeModel->extraRootChildNodes() : QList<TreeNode *>()) + nodes) {
+            auto *node = static_cast<Node *>(treeNode);
+            const QString state = model != _choice ? QString()
+                                                   : QString(choiceValue(node, path) ? "+" : "")
+                    + (_blocked.contains(node->title()) ? "!" : "");
+            if (shows(model, node, path))
+                rows << (!model->columnCount() ? "?"
+                                               : (groups ? node->ownGroup() : node->title() + state)
+                                 + '#' + node->id()
+                                 + expect(model, node->childNodes(), false, path + Path {node}));
+        }
+        return list(rows);
     }
     /** Every row: its columns' display texts and the node the model maps it to. */
     QString dump(const QAbstractItemModel *model, const QModelIndex &parent = {}) const
     {
         QStringList rows;
+        auto *nodes = dynamic_cast<const TreeNodeModelExtension *>(model);
         for (int row = 0; row < model->rowCount(parent); ++row) {
             const QModelIndex index = model->index(row, 0, parent);
-            if (!index.isValid()) { // a row without columns
-                rows << "?";
-                continue;
-            }
             QStringList texts;
             for (int column = 0; column < model->columnCount(parent); ++column)
                 texts << index.sibling(row, column).data().toString();
-            QString text = texts.join('|');
-            if (model == _choice)
-                text += QString(index.data(ChoiceRole).toBool() ? "+" : "")
-                    + (_choice->flags(index) ? "" : "!");
             const QVariant check = index.data(Qt::CheckStateRole);
-            if (!dynamic_cast<const TreeNodeModelExtension *>(model))
-                text += (check.isValid() ? check.toInt() ? "+" : "-" : "")
-                    + QString(model->flags(index) & Qt::ItemIsEnabled ? "" : "!");
-            if (auto *nodes = dynamic_cast<const TreeNodeModelExtension *>(model)) {
-                TreeNode *node = nodes->toTreeNode(index);
-                text += '#' + (node ? node->id() : "null")
+            TreeNode *node = nodes ? nodes->toTreeNode(index) : nullptr;
+            QString text = texts.join('|')
+                + (model != _choice ? ""
+                                    : QString(index.data(ChoiceRole).toBool() ? "+" : "")
+                           + (_choice->flags(index) ? "" : "!"));
+            text += !nodes ? (check.isValid() ? check.toInt() ? "+" : "-" : "")
+                    + QString(model->flags(index) & Qt::ItemIsEnabled ? "" : "!")
+                           : '#' + (node ? node->id() : "null")
                     + (node && nodes->treeNodeToIndex(node) != index ? "(index differs)" : "");
-            }
-            rows << text + dump(model, index);
-        }
-        return list(rows);
-    }
-    QString expect(QAbstractItemModel *model, const QList<TreeNode *> &nodes,
-                   const Path &path = {}) const
-    {
-        QStringList rows;
-        for (TreeNode *treeNode : nodes) {
-            auto *node = static_cast<Node *>(treeNode);
-            if (shows(model, node, path))
-                rows << (model->columnCount() ? text(model, node, path) + '#' + node->id()
-                                 + expect(model, node->childNodes(), path + Path {node})
-                                              : "?");
+            rows << (index.isValid() ? text + dump(model, index) : "?"); // "?": no columns
         }
         return list(rows);
     }
@@ -223,36 +233,33 @@ private:
             if (Node *node = newNode(); rnd(3))
                 anyParent()->append(node);
 
-        _treeModel = addModel(new TreeNodeModel(_root), nullptr);
+        _treeModel = addModel(new TreeNodeModel(_root));
         auto *columnsProxy = addModel(new TreeNodeSortFilterProxyModel(rnd(4)), _treeModel);
         auto *filterProxy = addModel(new FilterTreeNodeSortFilterProxyModel(rnd(4)), _treeModel);
         _choice = addModel(new ChoiceTreeNodeProxyModel(0, ChoiceRole, ChoiceRole + 1), _treeModel);
-        _choiceFilters = {addModel(new ChoiceTreeNodeSortFilterProxyModel(true), _choice),
-                          addModel(new ChoiceFilterTreeNodeSortFilterProxyModel(false), _choice)};
-        _elementModel = addModel(new ElementModel(_root), nullptr);
-        addModel(new ElementSortFilterProxyModel(rnd(4)), _elementModel);
-        auto *groupProxy = addModel(new GroupInvisibleElementSortFilterProxyModel, _elementModel);
-        auto *selectableProxy = addModel(new SelectableElementSortFilterProxyModel, _elementModel);
+        addModel(new ChoiceTreeNodeSortFilterProxyModel(true), _choice); // the fifth model
+        auto *unticked = addModel(new ChoiceFilterTreeNodeSortFilterProxyModel(false), _choice);
+        auto *elementModel = addModel(new ElementModel(_root));
+        addModel(new ElementSortFilterProxyModel(rnd(4)), elementModel);
+        auto *groupProxy = addModel(new GroupInvisibleElementSortFilterProxyModel, elementModel);
+        auto *selectableProxy = addModel(new SelectableElementSortFilterProxyModel, elementModel);
         const QList<QSortFilterProxyModel *> filters {
-            filterProxy, _choiceFilters.at(1),
-            addModel(new ListWidgetProxyModel(rnd(4)), _elementModel),
-            addModel(new NodesWidgetProxyModel(rnd(4)), _elementModel),
-            addModel(new ElementsWidgetProxyModel(rnd(4)), _elementModel)};
-        _checkList
-            = addModel(new CheckMiscModel, nullptr, [this] { return checkRows(_checkList); });
-        _configure
-            = addModel(new ConfigureCheckModel, nullptr, [this] { return checkRows(_configure); });
-        _adapters << Adapter {"TaskObserverModel", [this] { return dump(_observer->model()); },
-                              [this] {
-                                  QStringList rows;
-                                  for (const TaskRow &row : qAsConst(_tasks))
-                                      rows << row.title + '|' + StatusTexts.value(row.status) + '|'
-                                              + (row.status ? row.message : QString());
-                                  return list(rows);
-                              }};
+            filterProxy, unticked, addModel(new ListWidgetProxyModel(rnd(4)), elementModel),
+            addModel(new NodesWidgetProxyModel(rnd(4)), elementModel),
+            addModel(new ElementsWidgetProxyModel(rnd(4)), elementModel)};
+        const QList<CheckMiscModel *> checks {addModel(new CheckMiscModel, nullptr, true),
+                                              addModel(new ConfigureCheckModel, nullptr, true)};
+        _oracles << Oracle {_observer->model(), [this] {
+                                QStringList rows;
+                                for (const TaskRow &row : qAsConst(_tasks))
+                                    rows << QStringLiteral("t%1|%2|").arg(row.id).arg(
+                                                StatusTexts.value(row.status))
+                                            + (row.status ? QStringLiteral("m%1").arg(row.id) : "");
+                                return list(rows);
+                            }};
 
-        const QList<std::function<void()>> steps {
-            [this] { // insert detached or new nodes anywhere, sometimes out of range
+        _step = [=](const QString &kind) {
+            if (kind == "insert") { // detached or new nodes anywhere, sometimes out of range
                 TreeNode *parent = anyParent();
                 QList<TreeNode *> list;
                 for (Node *node : qAsConst(_nodes))
@@ -260,159 +267,125 @@ private:
                         list << node;
                 if (list.isEmpty() || _nodes.size() < 40)
                     list << newNode();
-                const int pos = rnd(parent->childNodesCount() + 3) - 1;
-                parent->insert(pos, list);
-            },
-            [this] { // remove, sometimes past the end
+                parent->insert(rnd(parent->childNodesCount() + 3) - 1, list);
+            } else if (kind == "removeAt") { // sometimes past the end
                 TreeNode *parent = anyParent();
-                const int pos = rnd(parent->childNodesCount() + 1), count = rnd(4);
-                parent->removeAt(pos, count);
-            },
-            std::bind(&tst_Mutation::reload, this),
-            [this] { // new extra root nodes, or none
+                const int pos = rnd(parent->childNodesCount() + 1);
+                parent->removeAt(pos, rnd(4));
+            } else if (kind == "reload") { // some name a missing parent or skip a level
+                const bool paired = rnd(2);
+                if (paired)
+                    _treeModel->nodesAboutToBeReset(), elementModel->nodesAboutToBeReset();
+                QList<TreeNode *> list;
+                for (Node *node : qAsConst(_nodes))
+                    node->parentNode() ? void(node->parentNode()->removeOne(node)) : void();
+                for (Node *node : qAsConst(_nodes)) {
+                    if (!rnd(5))
+                        continue;
+                    auto *parent
+                        = list.isEmpty() || !rnd(3) ? nullptr : static_cast<Node *>(pick(list));
+                    const int depth = (parent ? parent->expectedDepth() + 1 : 1) + !rnd(10);
+                    node->place(depth, !parent ? QString() : rnd(12) ? parent->id() : "i?");
+                    list << node;
+                }
+                _root->loadTreeFromList(list);
+                paired ? _treeModel->nodesReset(), elementModel->nodesReset() : void();
+            } else if (kind == "extras") { // new ones, or none
                 QList<TreeNode *> extras;
                 for (int i = rnd(3); i > 0; --i)
                     extras << newNode(false);
                 extras.isEmpty() && rnd(2) ? _treeModel->deleteExtraRootChildNodes()
                                            : _treeModel->setExtraRootChildNodes(extras);
-            },
-            [this] { // a title or flags change, told by the node or its parent
+            } else if (kind == "data") { // a title or flags, told by the node or its parent
                 Node *node = pick(_nodes);
                 rnd(2) ? void(node->flags = rnd(4)) : node->retitle(pick(Titles));
                 rnd(3) || !node->parentNode() ? node->emitNodeDataChanged()
                                               : node->parentNode()->emitNodeChildsDataChanged();
-            },
-            [=] { // descendants inherit a group, so the filter is forced after a change
+            } else if (kind == "group") { // descendants inherit a group: the filter is forced
                 Node *node = pick(_nodes);
                 node->ownGroup() = pick(Groups);
                 groupProxy->setGroupElementType(
                     rnd(3) ? groupProxy->groupElementType() : pick(Groups), true);
-            },
-            [=] {
+            } else if (kind == "filters") {
                 pick(filters)->setFilterRegExp(QRegExp(pick(Patterns)));
                 (rnd(2) ? filterProxy : columnsProxy)
                     ->setAcceptColumns(pick(QList<QSet<int>> {{}, {0}, {0, 1}}));
                 groupProxy->setGroupElementType(pick(Groups), false);
                 selectableProxy->setSelectionDisplayRole(
                     pick(QList<int> {0, Element::TitleRole, Element::GroupElementTypeRole}));
-            },
-            [this] { // an element is deleted; its children stay, detached
-                if (_nodes.size() > 1) // the other steps need one
-                    delete _nodes.takeAt(rnd(_nodes.size()));
-            },
-            [this] {
+            } else if (kind == "delete" && _nodes.size() > 1) { // the other steps need one
+                delete _nodes.takeAt(rnd(_nodes.size())); // its children stay, detached
+            } else if (kind == "names") {
                 _checked = rnd(2) ? _checked : pickNames(),
                 _blocked = rnd(2) ? _blocked : pickNames();
                 rnd(2) ? _choice->setCheckedBlockedNames(_checked, _blocked)
                        : _choice->setBlockedNames(_blocked);
                 _choice->setCheckedNames(_checked);
-            },
-            std::bind(&tst_Mutation::tick, this),
-            [this] { // perform a new task, or one already performed again
+            } else if (kind == "tick") { // the user ticks or unticks a row
+                QModelIndex index;
+                for (int depth = 0; depth < 4 && _choice->rowCount(index); ++depth)
+                    index = _choice->index(rnd(_choice->rowCount(index)), 0, index);
+                const QString name = index.data().toString();
+                const bool before = index.data(ChoiceRole).toBool();
+                const bool tick = index.isValid() && (rnd(4) ? !before : before);
+                const bool changes = index.isValid() && !_blocked.contains(name) && tick != before;
+                QVERIFY2(_choice->setData(index, tick, ChoiceRole) == changes, qPrintable(where));
+                changes ? tick ? void(_checked.insert(name)) : void(_checked.remove(name)) : void();
+            } else if (kind == "perform") { // a new task, or one already performed again
                 if (!_tasks.isEmpty() && _tasks.last().task && (!rnd(4) || _running > 60))
                     return _observer->performTask(_tasks.last().task);
                 const int id = _nextTask++, outcome = pick(Outcomes);
-                const QString title = QStringLiteral("t%1").arg(id);
-                auto *task
-                    = new Task(&_ledger, id % 1024, title, TaskDescription::TaskStatus(outcome),
-                               QStringLiteral("m%1").arg(id), &_gate);
-                ++_running;
-                _tasks << TaskRow {task, title, QStringLiteral("m%1").arg(id), 0, outcome};
-                _observer->performTask(task);
-            },
-            std::bind(&tst_Mutation::complete, this),
-            std::bind(&tst_Mutation::editCheckList, this),
+                _tasks << TaskRow {new Task(&_ledger, id % 1024, QStringLiteral("t%1").arg(id),
+                                            TaskDescription::TaskStatus(outcome),
+                                            QStringLiteral("m%1").arg(id), &_gate),
+                                   id, 0, outcome};
+                ++_running, _observer->performTask(_tasks.last().task);
+            } else if (kind == "complete") {
+                complete();
+            } else if (kind == "checks") { // both lists: loads by name, clears, forbidden pairs
+                const int op = rnd(5), n = _items.size(), row = rnd(n + 1) - 1, value = rnd(3);
+                const QSet<QString> names = pickNames();
+                const bool checked = rnd(2);
+                op == 0 ? _items = Titles.mid(rnd(3), rnd(6)), _now.clear() : void();
+                for (const QString &item : op == 0 ? _items : QStringList())
+                    _now << (names.contains(item) == checked);
+                for (CheckMiscModel *model : checks) {
+                    op == 0 ? checked ? model->setDataChecked(_items, names)
+                                      : model->setDataUnchecked(_items, names)
+                            : void();
+                    op == 1 ? model->clear() : void();
+                    if (op > 2)
+                        QVERIFY2(model->setData(model->index(row, 0), value, Qt::CheckStateRole)
+                                     == (row >= 0 && _now.at(row) != (value == 2)),
+                                 qPrintable(where));
+                }
+                op == 1 ? _items.clear(), _now.clear() : void();
+                for (int i = op == 2 ? (_modes.clear(), rnd(4)) : 0; i > 0; --i)
+                    _modes << rnd(n * n + 1);
+                op == 2
+                    ? static_cast<ConfigureCheckModel *>(checks.last())->setInCmpatibleModes(_modes)
+                    : void();
+                op > 2 && row >= 0 ? void(_now[row] = value == 2) : void();
+                _loaded = op < 2 ? _now : _loaded;
+            }
         };
-        _steps.clear();
-        const QList<int> weights {3, 2, 1, 1, 2, 1, 1, 1, 2, 3, 2, 2, 3};
-        const QStringList names {"insert",      "removeAt", "reload",  "extra root nodes",
-                                 "data change", "group",    "filters", "delete",
-                                 "names",       "tick",     "perform", "complete",
-                                 "check list"};
-        for (int kind = 0; kind < steps.size(); ++kind)
-            for (int i = 0; i < weights.at(kind); ++i)
-                _steps << [this, name = names.at(kind), step = steps.at(kind)] {
-                    _what = name, step();
-                };
-    }
-    void reload()
-    {
-        // A random forest of ids; some nodes name a missing parent or skip a level, and so stay
-        // out.
-        const bool paired = rnd(2);
-        for (TreeNodeModel *model : {_treeModel, static_cast<TreeNodeModel *>(_elementModel)})
-            paired ? model->nodesAboutToBeReset() : void();
-        for (Node *node : qAsConst(_nodes))
-            if (node->parentNode())
-                node->parentNode()->removeOne(node);
-        QList<TreeNode *> list;
-        for (Node *node : qAsConst(_nodes)) {
-            if (!rnd(5))
-                continue;
-            auto *parent = list.isEmpty() || !rnd(3) ? nullptr : static_cast<Node *>(pick(list));
-            const int depth = (parent ? parent->expectedDepth() + 1 : 1) + !rnd(10);
-            node->place(depth, !parent ? QString() : rnd(12) ? parent->id() : "i?");
-            list << node;
-        }
-        _root->loadTreeFromList(list);
-        for (TreeNodeModel *model : {_treeModel, static_cast<TreeNodeModel *>(_elementModel)})
-            paired ? model->nodesReset() : void();
-    }
-    void editCheckList() // both lists alike: loads by name, clears, forbidden pairs, checks
-    {
-        const int kind = rnd(5), n = _items.size(), row = rnd(n + 1) - 1, value = rnd(3);
-        const QSet<QString> names = pickNames();
-        const bool checked = rnd(2);
-        kind == 0 ? _items = Titles.mid(rnd(3), rnd(6)), _now.clear() : void();
-        for (const QString &item : kind == 0 ? _items : QStringList())
-            _now << (names.contains(item) == checked);
-        for (CheckMiscModel *model : {_checkList, static_cast<CheckMiscModel *>(_configure)}) {
-            kind == 0 ? checked ? model->setDataChecked(_items, names)
-                                : model->setDataUnchecked(_items, names)
-                      : void();
-            kind == 1 ? model->clear() : void();
-            if (kind > 2)
-                QVERIFY2(model->setData(model->index(row, 0), value, Qt::CheckStateRole)
-                             == (row >= 0 && _now.at(row) != (value == 2)),
-                         qPrintable(where));
-        }
-        kind == 1 ? _items.clear(), _now.clear() : void();
-        for (int i = kind == 2 ? (_modes.clear(), rnd(4)) : 0; i > 0; --i)
-            _modes << rnd(n * n + 1);
-        kind == 2 ? _configure->setInCmpatibleModes(_modes) : void();
-        kind > 2 && row >= 0 ? void(_now[row] = value == 2) : void();
-        _loaded = kind < 2 ? _now : _loaded;
     }
     QString checkRows(CheckMiscModel *model) const
     {
         QStringList rows;
         QSet<QString> add, remove;
+        const bool modes = qobject_cast<ConfigureCheckModel *>(model);
         for (int row = 0, n = _items.size(); row < n; ++row) {
             bool locked = false;
             for (int other = 0; other < n; ++other)
-                locked |= model == _configure && other != row && _now.at(other)
+                locked |= modes && other != row && _now.at(other)
                     && _modes.contains(qMin(row, other) * n + qMax(row, other));
             rows << _items.at(row) + (locked ? "!" : _now.at(row) ? "+" : "-");
             (_now.at(row) ? add : remove) << _items.at(row);
             (_loaded.at(row) ? add : remove).remove(_items.at(row));
         }
-        return list(rows)
-            + (add == model->dataToAdd() && remove == model->dataToRemove() ? ""
-                                                                            : "{changes differ}");
-    }
-    void tick() // the user ticks or unticks a row
-    {
-        QModelIndex index;
-        for (int depth = 0; depth < 4 && _choice->rowCount(index); ++depth)
-            index = _choice->index(rnd(_choice->rowCount(index)), 0, index);
-        if (!index.isValid())
-            return;
-        const QString name = index.data().toString();
-        const bool before = index.data(ChoiceRole).toBool(), tick = rnd(4) ? !before : before;
-        const bool changes = !_blocked.contains(name) && tick != before;
-        QCOMPARE(_choice->setData(index, tick, ChoiceRole), changes);
-        if (changes)
-            tick ? void(_checked.insert(name)) : void(_checked.remove(name));
+        const bool same = add == model->dataToAdd() && remove == model->dataToRemove();
+        return list(rows) + (same ? "" : "{changes differ}");
     }
     // The one worker runs the queue in order: the oldest task ends when the gate lets it.
     void complete()
@@ -425,8 +398,7 @@ private:
         _gate.open.release();
         QVERIFY2(QTest::qWaitFor([&] { return _ledger.deletions() > deletions; }, 30000),
                  qPrintable(where));
-        row->task = nullptr, row->status = row->outcome;
-        --_running;
+        row->task = nullptr, row->status = row->outcome, --_running;
         _problems += row->status != TaskDescription::Success;
         if (_running == 0 && _problems == 0)
             _tasks.clear();
@@ -436,14 +408,13 @@ private:
         where = QStringLiteral("the end of a seed");
         while (_running > 0)
             complete();
-        _dialog->reject();
-        _tasks.clear();
-        _problems = 0;
+        for (QWidget *widget : QApplication::topLevelWidgets())
+            if (auto *dialog = qobject_cast<TaskObserverDialog *>(widget))
+                dialog->reject();
+        _tasks.clear(), _oracles.clear(), _nodes.clear(), _problems = 0;
         while (!_models.isEmpty())
             delete _models.takeLast();
-        _adapters.clear();
         delete _owner;
-        _nodes.clear();
         _module.reset();
     }
 
@@ -453,24 +424,16 @@ private:
     ElementRootTreeNode *_root = nullptr;
     QList<Node *> _nodes; // live nodes in the tree or detached, never the extra ones
     QList<QAbstractItemModel *> _models; // sources before the proxies over them
-    QList<Adapter> _adapters;
-    QList<std::function<void()>> _steps; // each as often as its weight
+    QList<Oracle> _oracles;
+    std::function<void(const QString &)> _step;
     TreeNodeModel *_treeModel = nullptr;
-    ElementModel *_elementModel = nullptr;
     ChoiceTreeNodeProxyModel *_choice = nullptr;
-    QList<TreeNodeSortFilterProxyModel *> _choiceFilters;
     QSet<QString> _checked, _blocked;
     int _nextKey = 0;
-    QString _what;
-
-    CheckMiscModel *_checkList = nullptr;
-    ConfigureCheckModel *_configure = nullptr;
     QStringList _items; // the check lists' items, checked now and at loading, forbidden pairs
     QList<bool> _now, _loaded;
     QSet<int> _modes;
-
     TaskObserver *_observer = nullptr;
-    TaskObserverDialog *_dialog = nullptr;
     std::unique_ptr<ModelTesterGuard> _taskGuard;
     std::unique_ptr<Pool> _pool;
     Gate _gate;
@@ -479,92 +442,28 @@ private:
     int _running = 0, _problems = 0, _nextTask = 0;
 };
 
-void tst_Mutation::initTestCase()
-{
-    QCoreApplication::setOrganizationName(QStringLiteral("ovt-tests"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_mutation"));
-    static QtMessageHandler previous = nullptr;
-    previous = qInstallMessageHandler(
-        [](QtMsgType type, const QMessageLogContext &context, const QString &message) {
-            if (type == QtFatalMsg)
-                fprintf(stderr, "mutation: stopped at %s\n", qPrintable(where));
-            previous(type, context, message);
-        });
-    // One worker runs the tasks in the order they came, each when the seed lets the gate open,
-    // so a seed replays exactly.
-    _observer = TaskObserver::instance();
-    _pool.reset(new Pool(1));
-    Ledger probe(1);
-    QVERIFY(Pool::open(new Task(&probe, 0)));
-    QTRY_COMPARE(probe.deletions(), 1);
-    for (QWidget *widget : QApplication::topLevelWidgets())
-        _dialog = _dialog ? _dialog : qobject_cast<TaskObserverDialog *>(widget);
-    QVERIFY(_dialog);
-    _taskGuard.reset(new ModelTesterGuard(_observer->model()));
-}
-
 void tst_Mutation::randomSteps()
 {
     for (int seed = seedFrom; seed <= seedTo; ++seed) {
         build(unsigned(seed));
         for (int number = 1; number <= stepCount; ++number) {
             where = QStringLiteral("seed %1, step %2 (--seed %1 --steps %2)").arg(seed).arg(number);
-            pick(_steps)();
-            for (const auto &[name, actual, oracle] : qAsConst(_adapters)) {
-                const QString expected = oracle(), got = actual();
-                if (expected != got)
+            const QString kind = pick(Steps);
+            where += ": " + kind, _step(kind);
+            for (const auto &[model, oracle] : qAsConst(_oracles))
+                if (const QString expected = oracle(), got = dump(model); expected != got)
                     QFAIL(qPrintable(
-                        QStringLiteral("%1: %2\n%3 differs\n  expected: %4\n  actual:   %5")
-                            .arg(where, _what, name, expected, got)));
-            }
+                        QStringLiteral("%1\n%2 differs\n  expected: %3\n  actual:   %4")
+                            .arg(where, model->metaObject()->className(), expected, got)));
         }
         teardown();
     }
-    qInfo("%d seeds of %d steps, every model compared after each", seedTo - seedFrom + 1,
-          stepCount);
-}
-
-template<typename M>
-M *tst_Mutation::addModel(M *model, QAbstractItemModel *source, std::function<QString()> oracle)
-{
-    if (auto *proxy = qobject_cast<QAbstractProxyModel *>(model))
-        proxy->setSourceModel(source);
-    const QString name = model->metaObject()->className();
-    _models << model;
-    where = "the start of a seed, watching " + name;
-    new QAbstractItemModelTester(model, QAbstractItemModelTester::FailureReportingMode::Fatal,
-                                 model);
-    while (auto *proxy = qobject_cast<QAbstractProxyModel *>(source))
-        source = proxy->sourceModel();
-    const bool extras = !qobject_cast<ElementModel *>(source ? source : model);
-    _adapters << Adapter {name, [=] { return dump(model); },
-                          oracle ? oracle : [=] {
-                              QList<TreeNode *> top = _root->childNodes();
-                              return expect(model,
-                                            extras ? _treeModel->extraRootChildNodes() + top : top);
-                          }};
-    return model;
-}
-
-// Ticking a row ticks its name, so every row of that name, but dataChanged() names the ticked row
-// alone: the filters over the choice model keep their old answer for the others.
-void tst_Mutation::sameNameIsAnnounced()
-{
-    build(1);
-    Node *first = newNode(), *second = newNode();
-    first->retitle("ab");
-    second->retitle("ab");
-    _root->clear();
-    _root->append({first, second});
-    QVERIFY(_choice->setData(_choice->index(0, 0), true, ChoiceRole));
-    QCOMPARE(_choice->index(1, 0).data(ChoiceRole).toBool(), true);
-    QCOMPARE(_choiceFilters.at(0)->rowCount(), 2);
-    teardown();
 }
 
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
+    app.setOrganizationName("ovt-tests"), app.setApplicationName("tst_mutation");
     QStringList args = app.arguments();
     for (const char *option : {"--seed", "--seeds", "--steps"}) {
         const int at = args.indexOf(QLatin1String(option)), value = args.value(at + 1).toInt();

@@ -8,8 +8,7 @@
 #include <QLocale>
 #include <QtTest>
 
-// Runs under a Russian locale: the library's start-up translator must already be installed
-// when the test runs, without the test installing anything itself.
+// Runs under a Russian locale: the library's start-up translator is installed without the test.
 class TstTranslation : public QObject
 {
     Q_OBJECT
@@ -21,14 +20,12 @@ private Q_SLOTS:
             QSKIP("No libovt-common_ru.qm in " OVT_TRANSLATIONS_DIR "; configure with "
                   "-DOVT_TRANSLATIONS_DIR=<build>/translations and build to check translations");
         QCOMPARE(QLocale::system().language(), QLocale::Russian);
-        // A header of the tree layer and a state text of the element layer.
-        ServiceLightElementData service;
-        QStringList texts {ConfRootTreeNode().headerData(0, Qt::Horizontal).toString()};
-        for (const bool running : {true, false}) {
-            service.setState(running, QString());
-            texts << service.textState();
-        }
-        QCOMPARE(texts.join(' '), QStringLiteral("Имя запущена остановлена"));
+        // A header of the tree layer and the state texts of the element layer.
+        ServiceLightElementData running, stopped;
+        running.setState(true, QString()), stopped.setState(false, QString());
+        QCOMPARE(ConfRootTreeNode().headerData(0, Qt::Horizontal).toString() + ' '
+                     + running.textState() + ' ' + stopped.textState(),
+                 QStringLiteral("Имя запущена остановлена"));
     }
 };
 
