@@ -38,18 +38,16 @@ public:
     int deletions() const { return _totals[Deletion]; }
 
     /** Empty when each of ids [first, last) ran, got afterRun() and was deleted as expected. */
-    QByteArray check(int first, int last, const QByteArray &expected = "1 1 1") const
+    QByteArray check(int first, int last, const char *expected = "1 1 1") const
     {
-        if (_misplaced)
-            return "run() or afterRun() on the wrong thread";
-        for (int id = first; id < last; ++id) {
+        for (int id = first; id < last && !_misplaced; ++id) {
             const auto &c = _counts[id];
             const QByteArray got = QByteArray::number(c[Run]) + ' '
                 + QByteArray::number(c[AfterRun]) + ' ' + QByteArray::number(c[Deletion]);
             if (got != expected)
                 return "task " + QByteArray::number(id) + " (run, afterRun, delete): " + got;
         }
-        return QByteArray();
+        return _misplaced ? "run() or afterRun() on the wrong thread" : "";
     }
 
 private:
@@ -93,19 +91,15 @@ public:
         _ledger->count(_id, Ledger::Run);
         if (_gate)
             _gate->started.release();
-        while (_gate) {
+        while (_gate && !_gate->open.tryAcquire(1, 2)) {
             if (taskAboutToBeStopped()) {
                 _outcome = TaskDescription::Fail;
                 _message = QStringLiteral("Terminate by user");
                 break;
             }
-            if (_gate->open.tryAcquire(1, 2))
-                break;
         }
-        if (throwing == 1)
-            throw std::runtime_error(_message.toStdString());
-        if (throwing == 2)
-            throw 42;
+        if (throwing)
+            throwing == 1 ? throw std::runtime_error(_message.toStdString()) : throw 42;
         _taskDescription.setStatus(_outcome);
         _taskDescription.setMessage(_message);
         AbstractTask::run();
