@@ -82,14 +82,14 @@ template<class Kind> class Fixture : public Kind
 {
 public:
     template<class... Args>
-    Fixture(Status outcome, ElementData *data, Args... args)
+    Fixture(Status outcome, ElementData *data, Args... args) // scripted
         : Kind(args...)
         , _outcome(outcome)
     {
         this->_elementData = data;
     }
     Fixture(Element *element, const QString &program, const QStringList &arguments,
-            const QString &user)
+            const QString &user) // running a program
         : Kind(element)
     {
         this->_program = program;
@@ -185,8 +185,7 @@ private slots:
         qputenv("OVT_FIXTURE_LOG", QFile::encodeName(_dir.filePath("argv")));
         qputenv("PATH", OVT_FIXTURES "/bin:" + qgetenv("PATH")); // the fixture runuser
         _pool.reset(new Pool(2));
-        QVERIFY(
-            Pool::open(new Fixture<ExportHtmlTask>(TaskDescription::Success, nullptr, nullptr)));
+        QVERIFY(Pool::open(new Fixture<ExportHtmlTask>(Status(), nullptr, nullptr)));
         TaskObserverModel *model = TaskObserver::instance()->model();
         _tester.reset(new ModelTesterGuard(model));
         connect(model, &QAbstractItemModel::dataChanged, this, [](const QModelIndex &index) {
@@ -303,9 +302,8 @@ private slots:
     {
         auto [kind, paranoid, data, argumentList, expected] = fields<5>();
         const QStringList arguments = argumentList.split(',', Qt::SkipEmptyParts);
-        const QString program
-            = kind.endsWith("missing") ? "/nonexistent/service" : OVT_FIXTURES "/service";
-        expected.replace("$P", OVT_FIXTURES "/service");
+        const QString program = OVT_FIXTURES "/service";
+        expected.replace("$P", program);
 
         FixtureModule module(paranoid);
         auto *light = new ServiceLightElementData;
@@ -378,9 +376,6 @@ private slots:
         if (!styleSheet.isEmpty())
             data->insert(QStringLiteral("templateName"), OVT_FIXTURES "/" + styleSheet);
         FixtureModule module("off");
-        module.build = [](Element *, quint64, ElementData *, Status) {
-            return nullptr;
-        };
         Form form(module);
         TaskObserver::instance()->performTask(new PrintWidgetTask(&form, data));
         if (!exportTo.isEmpty()) {
