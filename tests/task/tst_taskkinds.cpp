@@ -5,15 +5,8 @@
 #include "element/servicelightelementdata.h"
 #include "plugin/module.h"
 #include "task/controlservicetask.h"
-#include "task/createtask.h"
-#include "task/deletetask.h"
 #include "task/dummytask.h"
-#include "task/exporthtmltask.h"
-#include "task/exportwidgettask.h"
-#include "task/importtask.h"
 #include "task/printwidgettask.h"
-#include "task/readcontenttask.h"
-#include "task/readpropertyheavytask.h"
 #include "task/readpropertylightservicetask.h"
 #include "task/reloadservicetask.h"
 #include "task/restartservicetask.h"
@@ -22,7 +15,6 @@
 #include "task/stopservicetask.h"
 #include "task/taskobserver.h"
 #include "task/taskobservermodel.h"
-#include "task/updatetask.h"
 #include "testtasks.h"
 #include "treestring.h"
 #include "widgets/previewdialog.h"
@@ -34,11 +26,10 @@
 #include <QtTest>
 
 using namespace OvtTest;
-using Status = TaskDescription::TaskStatus;
 
 namespace {
 
-// A module that builds task kinds for operations, its elements and form.
+// A module that builds task kinds for operations, and its elements.
 
 QStringList fixtureLog; // what the fixtures did, in order
 
@@ -60,36 +51,12 @@ public:
     QString caption() const override { return title(); }
 };
 
-class Form : public ViewEditElementWidget
-{
-public:
-    explicit Form(Module &module)
-        : ViewEditElementWidget(module, &Module::defaultTrue)
-    {
-        _elementType = QStringLiteral("item");
-        connect(this, &ViewEditElementWidget::contentChanged, [](int state) {
-            if (state == 0)
-                fixtureLog << "unchanged";
-        });
-    }
-    void afterSuccessfulUpdate() override { fixtureLog << "updated"; }
-    void afterSuccessfulRead(Element *e, ElementData *) override { fixtureLog << e->title(); }
-    void afterSuccessfulImport(ElementData *d) override { fixtureLog << "imported:" + d->name(); }
-};
-
 // A kind as plug-ins derive it; a user given to a ServiceTask puts the command word last.
 template<class Kind> class Fixture : public Kind
 {
 public:
-    template<class... Args>
-    Fixture(Status outcome, ElementData *data, Args... args) // scripted
-        : Kind(args...)
-        , _outcome(outcome)
-    {
-        this->_elementData = data;
-    }
     Fixture(Element *element, const QString &program, const QStringList &arguments,
-            const QString &user) // running a program
+            const QString &user)
         : Kind(element)
     {
         this->_program = program;
@@ -99,20 +66,9 @@ public:
         else
             this->_commandFirst = user.isEmpty();
     }
-    void run() override
-    {
-        if constexpr (std::is_base_of_v<ServiceTask,
-                                        Kind> || std::is_same_v<Kind, ControlServiceTask>)
-            return Kind::run();
-        this->_taskDescription.setStatus(_outcome);
-        AbstractTask::run();
-    }
-
-private:
-    Status _outcome = TaskDescription::Success;
 };
 
-// Logs each operation as "name(data name)"; build() makes its task with the next outcome.
+// Logs each operation as "name(data name)"; build() makes its task.
 class FixtureModule : public Module
 {
 public:
@@ -120,8 +76,6 @@ public:
         : Module(QStringLiteral("fixture"), nullptr, false)
     {
         _moduleData->insert(QStringLiteral("paranoid"), paranoid == "on"); // not the stored one
-        if (paranoid == "-")
-            _moduleData->remove(QStringLiteral("paranoid"));
     }
     void performOperation(ContextOperation *context, OperationType type, ElementData *data,
                           int) override
@@ -130,27 +84,14 @@ public:
                                         "readLight", "read",    "update", "delete"};
         fixtureLog << names.value(qCountTrailingZeroBits(quint64(type)), "op") + "("
                 + (data ? data->name() : "null") + ")";
-        const Status next = std::exchange(outcome, TaskDescription::Success);
-        if (AbstractTask *task = build(context->elementContext(), type, data, next))
+        if (AbstractTask *task = build(context->elementContext(), type))
             TaskObserver::instance()->performTask(task);
         else
             delete data;
     }
 
-    std::function<AbstractTask *(Element *, quint64, ElementData *, Status)> build;
-    Status outcome = TaskDescription::Success; // of the next task only
+    std::function<AbstractTask *(Element *, quint64)> build;
 };
-
-template<class Kind>
-AbstractTask *scripted(Element *element, ElementWidget *widget, ElementData *data, Status outcome)
-{
-    if constexpr (std::is_constructible_v<Kind, ElementWidget *, ElementData *>)
-        return new Fixture<Kind>(outcome, data, widget, nullptr);
-    else if constexpr (std::is_constructible_v<Kind, Element *, ElementData *>)
-        return new Fixture<Kind>(outcome, data, element, nullptr);
-    else
-        return new Fixture<Kind>(outcome, data, element);
-}
 
 template<class Kind>
 AbstractTask *configured(Element *e, const QString &program, const QStringList &arguments,
@@ -185,7 +126,8 @@ private slots:
         qputenv("OVT_FIXTURE_LOG", QFile::encodeName(_dir.filePath("argv")));
         qputenv("PATH", OVT_FIXTURES "/bin:" + qgetenv("PATH")); // the fixture runuser
         _pool.reset(new Pool(2));
-        QVERIFY(Pool::open(new Fixture<ExportHtmlTask>(Status(), nullptr, nullptr)));
+        Ledger probe(1);
+        QVERIFY(Pool::open(new Task(&probe, 0)));
         TaskObserverModel *model = TaskObserver::instance()->model();
         _tester.reset(new ModelTesterGuard(model));
         connect(model, &QAbstractItemModel::dataChanged, this, [](const QModelIndex &index) {
@@ -207,71 +149,6 @@ private slots:
     {
         fixtureLog.clear();
         QFile::remove(_dir.filePath("argv"));
-    }
-
-    void elementTasks_data()
-    {
-        // target; operation; paranoid (on, off, - absent); outcome; log | children of box
-        table();
-        row("create paranoid",
-            "box;create;on;ok;create(b) success readContent(b) success current(b) | a b");
-        row("create paranoid failed",
-            "box;create;on;fail;create(b) fail readContent(null) success | a b");
-        row("create", "box;create;off;ok;create(b) success unchanged | a b");
-        row("create absent", "box;create;-;ok;create(b) success unchanged | a b");
-        row("readContent paranoid failed",
-            "box;readContent;on;fail;readContent(b) fail current(b) | a b");
-        row("readContent absent", "box;readContent;-;ok;readContent(b) success | a b");
-        row("read", "a;read;off;ok;read(null) success a | a b");
-        row("update absent", "a;update;-;ok;update(a) success read(null) success a | a b");
-        row("update paranoid failed", "a;update;on;fail;update(a) fail read(null) success a | a b");
-        row("update", "a;update;off;ok;update(a) success updated unchanged | a b");
-        row("delete paranoid", "a;delete;on;ok;delete(null) success current(box) | a b");
-        row("delete", "a;delete;off;ok;delete(null) success current(box) removed(null) | b");
-        row("delete absent", "a;delete;-;ok;delete(null) success current(box) removed(null) | b");
-        row("delete failed", "a;delete;off;fail;delete(null) fail | a b");
-        row("import", "a;import;off;ok;op(b) success imported:b | a b");
-        row("export", "a;export;off;ok;op(b) success Export: Export success! | a b");
-    }
-
-    void elementTasks()
-    {
-        const auto [target, operation, paranoid, outcome, expected] = fields<5>();
-        FixtureModule module(paranoid);
-        auto *box = new Item(module, QStringLiteral("box"));
-        auto *form = new Form(module);
-        module.insertElementWidget(form);
-        form->changeContent();
-        connect(box, &TreeNode::setCurrentNode, this, [](TreeNode *node) {
-            fixtureLog << "current(" + static_cast<Element *>(node)->title() + ")";
-        });
-        const QMap<quint64, decltype(&scripted<CreateTask>)> kinds {
-            {CreateOperation, scripted<CreateTask>},
-            {ReadContentOperation, scripted<ReadContentTask>},
-            {ReadOperation, scripted<ReadPropertyHeavyTask>},
-            {UpdateOperation, scripted<UpdateTask>},
-            {DeleteOperation, scripted<DeleteTask>},
-            {0x100000, scripted<ImportTask>},
-            {0x200000, scripted<ExportWidgetTask>}};
-        module.build = [&](Element *e, quint64 type, ElementData *d, Status s) {
-            return kinds.contains(type) ? kinds[type](e, form, d, s) : nullptr;
-        };
-        box->append({new Item(module, QStringLiteral("a")), new Item(module, QStringLiteral("b"))});
-        module.outcome = outcome == "ok" ? TaskDescription::Success : TaskDescription::Fail;
-        fixtureLog.clear();
-
-        const QStringList names {"create", "readContent", "readLight", "read", "update", "delete"};
-        const quint64 type = operation == "import" ? 0x100000
-            : operation == "export"                ? 0x200000
-                                                   : 4 << names.indexOf(operation);
-        auto *data = type == ReadOperation || type == DeleteOperation ? nullptr : new ElementData;
-        if (data)
-            data->setName(type == UpdateOperation ? "a" : "b");
-        auto *element = static_cast<Element *>(target == "box" ? box : box->childNodes().at(0));
-        element->performOperation(OperationType(type), data, 0);
-        QTRY_COMPARE(fixtureLog.join(' ') + " | "
-                         + treeToString(box).remove("item_").mid(1).chopped(1),
-                     expected);
     }
 
     void serviceTasks_data()
@@ -319,7 +196,7 @@ private slots:
             {"reload", configured<ReloadServiceTask>},
             {"control", configured<ControlServiceTask>}};
         const QString user = kind.endsWith("nobody") ? "nobody" : kind.endsWith("last") ? "x" : "";
-        module.build = [&](Element *e, quint64 type, ElementData *, Status) { // re-reads: no task
+        module.build = [&](Element *e, quint64 type) { // re-reads: no task
             return type == 0x100000 ? kinds[kind.section('-', 0, 0)](e, program, arguments, user)
                                     : nullptr;
         };
@@ -376,7 +253,7 @@ private slots:
         if (!styleSheet.isEmpty())
             data->insert(QStringLiteral("templateName"), OVT_FIXTURES "/" + styleSheet);
         FixtureModule module("off");
-        Form form(module);
+        ViewEditElementWidget form(module, &Module::defaultTrue); // what the print shows
         TaskObserver::instance()->performTask(new PrintWidgetTask(&form, data));
         if (!exportTo.isEmpty()) {
             QTRY_COMPARE(fixtureLog.size(), 1); // the preview shows this document now

@@ -221,6 +221,13 @@ private Q_SLOTS:
             QTest::keyClick(_list->patternTypeComboBox(), Qt::Key_Down);
         QTest::keyClicks(_list->patternLineEdit(), pattern);
         QCOMPARE(rows(), "[" + shown + "]");
+        // Hidden, the list keeps pattern and type; shown again, it filters the same
+        _list->hide();
+        QCOMPARE(QSettings().value("elementsElementWidget/usersFilterValue").toString(), pattern);
+        _list->patternLineEdit()->clear();
+        _list->patternTypeComboBox()->setCurrentIndex(0);
+        _list->show();
+        QCOMPARE(rows(), "[" + shown + "]");
     }
     void formCycle_data()
     {
