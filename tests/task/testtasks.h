@@ -3,8 +3,6 @@
 
 #pragma once
 
-// Test tasks and helpers shared by the task tests.
-
 #include "task/abstracttask.h"
 #include "task/thread.h"
 
@@ -63,9 +61,8 @@ struct Gate
 };
 
 /**
- * Reports to a ledger and ends with a given outcome, or throws (throwing 1: a
- * std::runtime_error with the message, 2: an int). With a gate it waits there in run(); a
- * stoppable one (flag bit 0) asked to stop meanwhile fails with "Terminate by user".
+ * Ends with its outcome, or throws (throwing 1: std::runtime_error, 2: an int). A gated one
+ * waits there in run(); stoppable (flag 1) and asked to stop, it fails "Terminate by user".
  */
 class Task : public AbstractTask
 {
@@ -127,7 +124,6 @@ struct Pool
         }
     }
     ~Pool() { qDeleteAll(threads); }
-    /** Puts @p probe once the first worker has opened the queue. */
     static bool open(AbstractTask *probe)
     {
         return QTest::qWaitFor([probe] { return Thread::put(probe); }, 10000);

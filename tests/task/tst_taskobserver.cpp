@@ -6,6 +6,7 @@
 #include "task/taskobserverdialog.h"
 #include "task/taskobservermodel.h"
 #include "testtasks.h"
+#include "treestring.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>
@@ -24,7 +25,7 @@ namespace {
 const int hour = 3600 * 1000;
 const auto ok = TaskDescription::Success;
 
-// Rows of makeMixedBatch().
+// Rows of the mixed batch.
 enum { Copied, Failed, Warned, Running, Waiting, StopRequested };
 
 /** Lives at one fixed address: each instance takes the previous one's memory. */
@@ -60,13 +61,22 @@ class tst_TaskObserver : public QObject
         return task;
     }
     QModelIndex index(int row, int column = 0) const { return _model->index(row, column); }
+    template<class T = QPushButton> T *child(const char *name) const
+    {
+        return _dialog->findChild<T *>(QLatin1String(name));
+    }
+    QTreeView *view() const { return child<QTreeView>("_taskTreeView"); }
+    QPushButton *more() const { return child("_morePushButton"); }
+    QPushButton *stop() const { return child("_stopPushButton"); }
+    QDialogButtonBox *buttons() const { return child<QDialogButtonBox>("_buttonBox"); }
+    QStackedWidget *stack() const { return child<QStackedWidget>("_stackedWidget"); }
+    QPlainTextEdit *messageText() const { return child<QPlainTextEdit>("_errorPlainTextEdit"); }
     /** "title|icon|status text|status|flags|message" */
     QString rowText(int row) const
     {
         const auto text = [this, row](int column, int role = Qt::DisplayRole) {
             return index(row, column).data(role).toString();
         };
-        // The icon: which of the library's own it shows
         const QImage image
             = qvariant_cast<QIcon>(index(row).data(Qt::DecorationRole)).pixmap(16).toImage();
         QString icon;
@@ -86,11 +96,6 @@ class tst_TaskObserver : public QObject
     TaskObserverDialog *_dialog = nullptr;
     QDialog *_blockDialog = nullptr;
     QTimer *_timer = nullptr;
-    QTreeView *_view = nullptr;
-    QPushButton *_more = nullptr, *_stop = nullptr;
-    QDialogButtonBox *_buttonBox = nullptr;
-    QStackedWidget *_stack = nullptr;
-    QPlainTextEdit *_text = nullptr;
     std::unique_ptr<Pool> _pool;
     std::unique_ptr<Ledger> _ledger;
     std::unique_ptr<Gate> _gate;
@@ -114,13 +119,7 @@ private slots:
             _blockDialog = _blockDialog ? _blockDialog : qobject_cast<BlockDialog *>(widget);
         }
         _timer = _observer->findChild<QTimer *>(QStringLiteral("_timer"));
-        _view = _dialog->findChild<QTreeView *>(QStringLiteral("_taskTreeView"));
-        _more = _dialog->findChild<QPushButton *>(QStringLiteral("_morePushButton"));
-        _stop = _dialog->findChild<QPushButton *>(QStringLiteral("_stopPushButton"));
-        _buttonBox = _dialog->findChild<QDialogButtonBox *>(QStringLiteral("_buttonBox"));
-        _stack = _dialog->findChild<QStackedWidget *>(QStringLiteral("_stackedWidget"));
-        _text = _dialog->findChild<QPlainTextEdit *>(QStringLiteral("_errorPlainTextEdit"));
-        QVERIFY(_timer && _blockDialog && _view && _more && _stop && _buttonBox && _stack && _text);
+        QVERIFY(_timer && _blockDialog && view() && more() && stop() && messageText());
 
         const auto record = [this](const QString &name) {
             return [this, name](int first, int last) {
@@ -165,32 +164,30 @@ private slots:
 
     void batchOutcome_data()
     {
-        QTest::addColumn<int>("interval");
-        // A letter per task: Success, Fail, Warning, run() Throws a std::exception or anything
-        // eXcept that (it fails); lower case: it outlasts the grace period.
-        QTest::addColumn<QString>("outcomes");
-        QTest::newRow("quick batch: no dialog") << 1000 << "SSS";
-        QTest::newRow("slow batch: dialog after grace") << 1000 << "Ss";
-        QTest::newRow("last fails while hidden") << hour << "SSF";
-        QTest::newRow("last warns while hidden") << hour << "SSW";
-        QTest::newRow("first fails while hidden") << hour << "FSS";
-        QTest::newRow("no grace: success closes") << 0 << "SS";
-        QTest::newRow("no grace: failure stays") << 0 << "SF";
-        QTest::newRow("throws, worker goes on") << hour << "TS";
-        QTest::newRow("throws anything") << hour << "XS";
+        // Grace period; a letter per task: Success, Fail, Warning, run() Throws a std::exception
+        // or anything eXcept that (it fails); lower case: it outlasts the grace period.
+        OvtTest::table();
+        OvtTest::row("quick batch: no dialog", "1000; SSS");
+        OvtTest::row("slow batch: dialog after grace", "1000; Ss");
+        OvtTest::row("last fails while hidden", "3600000; SSF");
+        OvtTest::row("last warns while hidden", "3600000; SSW");
+        OvtTest::row("first fails while hidden", "3600000; FSS");
+        OvtTest::row("no grace: success closes", "0; SS");
+        OvtTest::row("no grace: failure stays", "0; SF");
+        OvtTest::row("throws, worker goes on", "3600000; TS");
+        OvtTest::row("throws anything", "3600000; XS");
     }
 
     void batchOutcome()
     {
-        QFETCH(int, interval);
-        QFETCH(QString, outcomes);
+        const auto [intervalText, outcomes] = OvtTest::fields<2>();
+        const int interval = intervalText.toInt();
         const int n = outcomes.size();
         const bool problem = outcomes.toUpper().contains(QRegularExpression("[FWTX]"));
         const bool slow = outcomes != outcomes.toUpper();
         _timer->setInterval(interval);
         QSignalSpy closed(_dialog, &QDialog::rejected);
 
-        // The row's final status, 0 to 2 for Fail, Success, Warning
         const auto status = [&](int i) {
             return qMax(0, QString("FSW").indexOf(outcomes[i].toUpper()));
         };
@@ -204,21 +201,20 @@ private slots:
             changed += QStringLiteral("d%1 ").arg(i);
         }
         // Without a grace period the dialog opens at once, else the invisible block dialog
-        // holds input
+        // holds input until the timer replaces it by the dialog
         QCOMPARE(QApplication::activeModalWidget(),
                  static_cast<QWidget *>(interval ? _blockDialog : _dialog));
-        QVERIFY(_blockDialog->testAttribute(Qt::WA_DontShowOnScreen) && !_buttonBox->isEnabled());
+        QVERIFY(_blockDialog->testAttribute(Qt::WA_DontShowOnScreen) && !buttons()->isEnabled());
         if (slow) {
-            // until the timer replaces it by the dialog
             QTRY_COMPARE_WITH_TIMEOUT(QApplication::activeModalWidget(),
                                       static_cast<QWidget *>(_dialog), 10000);
-            QVERIFY(!_blockDialog->isVisible() && !_buttonBox->isEnabled());
+            QVERIFY(!_blockDialog->isVisible() && !buttons()->isEnabled());
             _gate->open.release();
         }
 
         QTRY_COMPARE(_ledger->afterRuns(), n);
         QCOMPARE(_ledger->check(0, n), QByteArray());
-        QVERIFY(!_blockDialog->isVisible() && !_timer->isActive() && _buttonBox->isEnabled());
+        QVERIFY(!_blockDialog->isVisible() && !_timer->isActive() && buttons()->isEnabled());
         // Problems keep the dialog open (or open it); otherwise it closes or never shows
         QCOMPARE(_dialog->isVisible(), problem);
         QCOMPARE(closed.count(), int(!problem && (interval == 0 || slow)));
@@ -267,22 +263,21 @@ private slots:
 
     void refusedByAFullQueue()
     {
-        // Given the worker is busy and 64 tasks wait
+        // Given the worker is busy and 64 tasks wait, one more is deleted unrun and its row
+        // says why; the batch ends with that problem and the dialog can be closed
         perform(task({}, ok, {}, true));
         QVERIFY(_gate->started.tryAcquire(1, 10000));
         for (int i = 0; i < 64; ++i)
             perform(task());
 
-        // When one more is performed, it is deleted unrun and its row says why
         _observer->performTask(task("late"));
         QCOMPARE(_ledger->check(65, 66, "0 0 1"), QByteArray());
         QCOMPARE(rowText(65),
                  QStringLiteral("late|task-reject|fail|1|0|The task was not run: "
                                 "the task queue is full."));
 
-        // Then the batch ends with that problem and the dialog can be closed
         _gate->open.release();
-        QTRY_VERIFY(_dialog->isVisible() && _buttonBox->isEnabled());
+        QTRY_VERIFY(_dialog->isVisible() && buttons()->isEnabled());
     }
 
     void clearTasks()
@@ -305,7 +300,7 @@ private slots:
         QCOMPARE(_ledger->check(0, 3), QByteArray());
         QCOMPARE(_signals,
                  QStringLiteral("<r3,3 r3,3 ") + QStringLiteral("<r0,0 r0,0 ").repeated(3));
-        QVERIFY(!_timer->isActive() && !_blockDialog->isVisible() && _buttonBox->isEnabled());
+        QVERIFY(!_timer->isActive() && !_blockDialog->isVisible() && buttons()->isEnabled());
         perform(task());
         QVERIFY(!first.isValid() && !last.isValid());
     }
@@ -324,9 +319,8 @@ private slots:
         QTRY_COMPARE(_ledger->afterRuns(), 3);
         QVERIFY(_model->setData(index(StopRequested, 1), 4));
         QVERIFY(QTest::qWaitForWindowExposed(_dialog));
-        // A stop request is status 4 in the edit role on column 1 of a row whose task runs, can
-        // be stopped and was not asked before (the Stop button below); anything else changes
-        // nothing
+        // Only a running, stoppable row not asked before takes a stop request (status 4, edit
+        // role, column 1)
         QSignalSpy changes(_model, &QAbstractItemModel::dataChanged);
         QVERIFY(!_model->setData(QModelIndex(), 4) && !_model->setData(index(Running, 1), 3)
                 && !_model->setData(index(Running, 1), "four")
@@ -337,31 +331,30 @@ private slots:
         QVERIFY(changes.isEmpty());
         QCOMPARE(rowText(Running), QStringLiteral("Import|task-ongoing|processing|0|1|"));
 
-        // Each row clicked and double-clicked as the window system delivers it: a click, then
-        // the double-click. Enabled buttons (More, Stop), More checked, page, title: message;
-        // unchecking More goes back to the list.
+        // Each row clicked, then double-clicked (as the window system delivers it); unchecking
+        // More goes back to the list. Enabled buttons, More checked, page, title: message
         const auto enabled = [this] {
-            return QString(_more->isEnabled() ? "M" : "") + (_stop->isEnabled() ? "S" : "");
+            return QString(more()->isEnabled() ? "M" : "") + (stop()->isEnabled() ? "S" : "");
         };
         const auto state = [&] {
             return QStringLiteral("%1 %2 %3 %4: %5\n")
                 .arg(enabled())
-                .arg(_more->isChecked())
-                .arg(_stack->currentIndex())
-                .arg(_dialog->windowTitle(), _text->toPlainText());
+                .arg(more()->isChecked())
+                .arg(stack()->currentIndex())
+                .arg(_dialog->windowTitle(), messageText()->toPlainText());
         };
         const auto click = [this](int row, bool twice) {
-            const QPoint centre = _view->visualRect(index(row)).center();
-            QTest::mouseClick(_view->viewport(), Qt::LeftButton, {}, centre);
+            const QPoint centre = view()->visualRect(index(row)).center();
+            QTest::mouseClick(view()->viewport(), Qt::LeftButton, {}, centre);
             if (twice)
-                QTest::mouseDClick(_view->viewport(), Qt::LeftButton, {}, centre);
+                QTest::mouseDClick(view()->viewport(), Qt::LeftButton, {}, centre);
         };
         QString seen = state();
         for (int row = Copied; row <= StopRequested; ++row) {
             click(row, true);
             seen += state();
-            if (_more->isChecked()) {
-                QTest::mouseClick(_more, Qt::LeftButton);
+            if (more()->isChecked()) {
+                QTest::mouseClick(more(), Qt::LeftButton);
                 seen += state();
             }
         }
@@ -373,31 +366,31 @@ private slots:
 
         // Stop asks the task, and the buttons follow the row until the task has failed
         click(Running, false);
-        QTest::mouseClick(_stop, Qt::LeftButton);
+        QTest::mouseClick(stop(), Qt::LeftButton);
         QCOMPARE(rowText(Running), QStringLiteral("Import|task-attention|about to be stop|4|1|"));
         QCOMPARE(enabled(), QString());
         QTRY_COMPARE(rowText(Running),
                      QStringLiteral("Import|task-reject|fail|1|0|Terminate by user"));
         QCOMPARE(enabled(), QString("M"));
-        QTest::mouseClick(_more, Qt::LeftButton);
+        QTest::mouseClick(more(), Qt::LeftButton);
         QCOMPARE(state(), "M 1 1 Error: Import: Terminate by user\n");
 
         // While tasks run, Escape, a close request and Close do nothing
         QTest::keyClick(_dialog, Qt::Key_Escape);
         QVERIFY(!_dialog->close());
-        QTest::mouseClick(_buttonBox->button(QDialogButtonBox::Close), Qt::LeftButton);
+        QTest::mouseClick(buttons()->button(QDialogButtonBox::Close), Qt::LeftButton);
         QVERIFY(_dialog->isVisible());
         // Once they are done, Escape closes it, message page and all, and clears the list
         _gate->open.release(3);
-        QTRY_VERIFY(_buttonBox->isEnabled());
+        QTRY_VERIFY(buttons()->isEnabled());
         QTest::keyClick(_dialog, Qt::Key_Escape);
         QVERIFY(!_dialog->isVisible());
         QCOMPARE(_model->rowCount(), 0);
         QCOMPARE(state(), " 0 0 Tasks: \n");
         // Reopened for the next failed batch it has nothing selected
         perform(task({}, TaskDescription::Fail));
-        QTRY_VERIFY(_buttonBox->isEnabled());
-        QVERIFY(!_view->selectionModel()->hasSelection() && enabled().isEmpty());
+        QTRY_VERIFY(buttons()->isEnabled());
+        QVERIFY(!view()->selectionModel()->hasSelection() && enabled().isEmpty());
     }
 };
 

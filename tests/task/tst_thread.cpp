@@ -60,8 +60,7 @@ private slots:
             Thread idle;
             QVERIFY(!Thread::put(task));
         }
-        // The observer deletes a task the queue refuses (and the element data it owned); its
-        // row fails and the dialog can close
+        // The observer deletes a refused task and its element data; the row fails, dialog closes
         _observer->performTask(task);
         QCOMPARE(ledger.check(0, 1, "0 0 1"), QByteArray());
         QCOMPARE(dataDeletions, 1);
@@ -108,7 +107,6 @@ private slots:
         for (int first = 0; !producers && first < tasks; first += 64) {
             for (int id = first; id < qMin(tasks, first + 64); ++id)
                 _observer->performTask(new Task(&ledger, id));
-            // The whole batch comes back and is cleared before the next one goes in.
             QTRY_COMPARE_WITH_TIMEOUT(_observer->model()->rowCount(), 0, 60000);
         }
         // Several threads put at once, each retrying what the full queue refuses
@@ -127,7 +125,6 @@ private slots:
         for (auto &thread : threads)
             QTRY_VERIFY_WITH_TIMEOUT(thread->isFinished(), 120000);
 
-        // Every accepted task runs once, gets afterRun() and is deleted
         QVERIFY2(QTest::qWaitFor([&] { return ledger.afterRuns() == tasks + 1; }, 60000),
                  ledger.check(0, tasks).constData());
         QCOMPARE(ledger.check(0, tasks + 1), QByteArray());
@@ -145,12 +142,12 @@ private slots:
         QVERIFY(Pool::open(new Task(&ledger, 0)));
         QTRY_COMPARE(ledger.afterRuns(), 1);
 
-        // Given each of the three workers runs a performed task and ten more wait in the queue
+        // Three workers run a performed task each and ten more wait when a Thread is destroyed
+        // (any one: this one never even ran)
         for (int id = 1; id < 14; ++id)
             _observer->performTask(gated(id, id < 4 ? &gate : nullptr));
         QVERIFY(gate.started.tryAcquire(3, 10000));
 
-        // When a Thread is destroyed (any one: this one never even ran)
         delete new Thread;
 
         // Then the pool takes nothing more, and whatever is put while the workers leave is
@@ -166,8 +163,7 @@ private slots:
             while (!thread->isFinished())
                 QVERIFY(refused());
         }
-        // and the queued tasks are deleted unrun: their rows fail, let go of the tasks and end
-        // the batch, so that the dialog can close
+        // The queued tasks are deleted unrun: their rows fail, end the batch, the dialog closes
         QTRY_COMPARE(ledger.deletions(), 14 + puts);
         QCOMPARE(ledger.check(0, 4) + ledger.check(4, 14, "0 0 1"), QByteArray());
         const auto rows = [model = _observer->model()] {
