@@ -6,6 +6,7 @@
 #include "task/taskobservermodel.h"
 #include "task/thread.h"
 #include "testtasks.h"
+#include "treestring.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -64,10 +65,10 @@ private slots:
         _observer->performTask(task);
         QCOMPARE(ledger.check(0, 1, "0 0 1"), QByteArray());
         QCOMPARE(dataDeletions, 1);
-        QCOMPARE(_observer->model()->index(0, 2).data().toString(),
-                 QStringLiteral("The task was not run: no worker threads have been started."));
-        QCOMPARE(_observer->model()->index(0, 1).data(Qt::EditRole),
-                 QVariant(TaskDescription::Fail));
+        const QModelIndex status = _observer->model()->index(0, 1);
+        QCOMPARE(status.data(Qt::EditRole).toString() + ' '
+                     + status.siblingAtColumn(2).data().toString(),
+                 "1 The task was not run: no worker threads have been started.");
         QVERIFY(closeTaskDialog());
         QCOMPARE(_observer->model()->rowCount(), 0);
 
@@ -80,21 +81,19 @@ private slots:
 
     void noTaskIsLost_data()
     {
-        QTest::addColumn<int>("workers");
-        QTest::addColumn<int>("producers"); // 0: batches of 64 through performTask
-        QTest::addColumn<int>("tasks");
-        QTest::newRow("1 worker, batches") << 1 << 0 << 3000;
-        QTest::newRow("4 workers, batches") << 4 << 0 << 3000;
-        QTest::newRow("1 worker, 1 producer") << 1 << 1 << 3000;
-        QTest::newRow("2 workers, 4 producers") << 2 << 4 << 40000;
-        QTest::newRow("2 workers, 8 producers") << 2 << 8 << 80000;
+        OvtTest::table(); // workers; producers (0: batches of 64 through performTask); tasks
+        OvtTest::row("1 worker, batches", "1; 0; 3000");
+        OvtTest::row("4 workers, batches", "4; 0; 3000");
+        OvtTest::row("1 worker, 1 producer", "1; 1; 3000");
+        OvtTest::row("2 workers, 4 producers", "2; 4; 40000");
+        OvtTest::row("2 workers, 8 producers", "2; 8; 80000");
     }
 
     void noTaskIsLost()
     {
-        QFETCH(int, workers);
-        QFETCH(int, producers);
-        QFETCH(int, tasks);
+        const auto numbers = OvtTest::fields<3>();
+        const int workers = numbers[0].toInt(), producers = numbers[1].toInt(),
+                  tasks = numbers[2].toInt();
         Ledger ledger(tasks + 1);
         // A Thread destroyed right after start() neither hangs nor spoils the next pool.
         for (int i = 0; i < 10; ++i)
@@ -166,20 +165,14 @@ private slots:
         // The queued tasks are deleted unrun: their rows fail, end the batch, the dialog closes
         QTRY_COMPARE(ledger.deletions(), 14 + puts);
         QCOMPARE(ledger.check(0, 4) + ledger.check(4, 14, "0 0 1"), QByteArray());
-        const auto rows = [model = _observer->model()] {
-            QString text; // status, flags, message; a stop request (refused)
-            for (int row = 2; row < 13; ++row) {
-                const QModelIndex status = model->index(row, 1);
-                text += QStringLiteral("%1 %2 %3 %4\n")
-                            .arg(status.data(Qt::EditRole).toInt())
-                            .arg(status.data(Qt::UserRole).toInt())
-                            .arg(model->index(row, 2).data().toString())
-                            .arg(model->setData(status, 4));
-            }
-            return text;
-        };
-        const QString unrun = "1 0 The task was not run: the worker pool stopped. 0\n";
-        QTRY_COMPARE(rows(), "2 0  0\n" + unrun.repeated(10));
+        TaskObserverModel *model = _observer->model();
+        for (int row = 2; row < 13; ++row) { // the first of them ran
+            const QModelIndex status = model->index(row, 1);
+            QTRY_COMPARE(status.data(Qt::EditRole).toString() + ' '
+                             + status.siblingAtColumn(2).data().toString(),
+                         row == 2 ? "2 " : "1 The task was not run: the worker pool stopped.");
+            QVERIFY(status.data(Qt::UserRole).toULongLong() == 0 && !model->setData(status, 4));
+        }
         QVERIFY(closeTaskDialog());
         qDeleteAll(pool.threads);
         pool.threads.clear();
