@@ -40,8 +40,7 @@ public:
     {
         for (int id = first; id < last && !_misplaced; ++id) {
             const auto &c = _counts[id];
-            const QByteArray got = QByteArray::number(c[Run]) + ' '
-                + QByteArray::number(c[AfterRun]) + ' ' + QByteArray::number(c[Deletion]);
+            const QByteArray got = QString::asprintf("%d %d %d", +c[0], +c[1], +c[2]).toLatin1();
             if (got != expected)
                 return "task " + QByteArray::number(id) + " (run, afterRun, delete): " + got;
         }

@@ -10,7 +10,6 @@
 
 #include <QApplication>
 #include <QDialogButtonBox>
-#include <QIcon>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSettings>
@@ -34,16 +33,13 @@ struct RecycledTask : Task
     using Task::Task;
     static void *operator new(std::size_t) { return &storage; }
     static void operator delete(void *) { }
-    static std::aligned_storage_t<sizeof(Task), alignof(Task)> storage;
+    static inline std::aligned_storage_t<sizeof(Task), alignof(Task)> storage;
 };
-std::aligned_storage_t<sizeof(Task), alignof(Task)> RecycledTask::storage;
 
 } // namespace
 
-/*
- * The observer, its model and its two dialogs, with one worker: tasks finish in the order they
- * were performed, so signal sequences are fixed. A Fatal model tester watches every test.
- */
+// The observer, its model and dialogs, with one worker: tasks finish in the order they were
+// performed, so signal sequences are fixed. A Fatal model tester watches every test.
 class tst_TaskObserver : public QObject
 {
     Q_OBJECT
@@ -71,22 +67,13 @@ class tst_TaskObserver : public QObject
     QDialogButtonBox *buttons() const { return child<QDialogButtonBox>("_buttonBox"); }
     QStackedWidget *stack() const { return child<QStackedWidget>("_stackedWidget"); }
     QPlainTextEdit *messageText() const { return child<QPlainTextEdit>("_errorPlainTextEdit"); }
-    /** "title|icon|status text|status|flags|message" */
+    /** "title|status text|status|flags|message" */
     QString rowText(int row) const
     {
         const auto text = [this, row](int column, int role = Qt::DisplayRole) {
             return index(row, column).data(role).toString();
         };
-        const QImage image
-            = qvariant_cast<QIcon>(index(row).data(Qt::DecorationRole)).pixmap(16).toImage();
-        QString icon;
-        for (const QString name :
-             {"task-ongoing", "task-reject", "task-complete", "task-attention"}) {
-            if (QIcon(":/ovt-common/icons/" + name + ".svg").pixmap(16).toImage() == image)
-                icon = name;
-        }
-        return QStringList {text(0), icon, text(1), text(1, Qt::EditRole), text(1, Qt::UserRole),
-                            text(2)}
+        return QStringList {text(0), text(1), text(1, Qt::EditRole), text(1, Qt::UserRole), text(2)}
             .join('|');
     }
 
@@ -110,7 +97,6 @@ private slots:
     {
         QCoreApplication::setOrganizationName(QStringLiteral("ovt-tests"));
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, _dir.path());
-        QVERIFY(_dir.isValid());
 
         _observer = TaskObserver::instance();
         _model = _observer->model();
@@ -221,8 +207,7 @@ private slots:
         QCOMPARE(_signals,
                  inserted + changed + (problem ? "" : QStringLiteral("<r%1,%1 r%1,%1 ").arg(n)));
         // The dialog lists the whole batch; finished rows have no task any more (flags 0)
-        const QString texts[] {"task-reject|fail|1", "task-complete|success|2",
-                               "task-attention|warning|3"};
+        const QString texts[] {"fail|1", "success|2", "warning|3"};
         for (int i = 0; i < _model->rowCount(); ++i)
             QCOMPARE(rowText(i),
                      QStringLiteral("%1|%2|0|%3")
@@ -257,7 +242,7 @@ private slots:
         _gate->open.release();
         QTRY_COMPARE(_ledger->deletions(), 4);
         QCOMPARE(_ledger->check(1, 4), QByteArray());
-        QCOMPARE(rowText(3), QStringLiteral("|||||"));
+        QCOMPARE(rowText(3), QStringLiteral("||||"));
         QVERIFY(_timer->isActive());
     }
 
@@ -273,7 +258,7 @@ private slots:
         _observer->performTask(task("late"));
         QCOMPARE(_ledger->check(65, 66, "0 0 1"), QByteArray());
         QCOMPARE(rowText(65),
-                 QStringLiteral("late|task-reject|fail|1|0|The task was not run: "
+                 QStringLiteral("late|fail|1|0|The task was not run: "
                                 "the task queue is full."));
 
         _gate->open.release();
@@ -329,7 +314,7 @@ private slots:
         for (int row : {Copied, Failed, Warned, Waiting, StopRequested})
             QVERIFY(!_model->setData(index(row, 1), 4));
         QVERIFY(changes.isEmpty());
-        QCOMPARE(rowText(Running), QStringLiteral("Import|task-ongoing|processing|0|1|"));
+        QCOMPARE(rowText(Running), QStringLiteral("Import|processing|0|1|"));
 
         // Each row clicked, then double-clicked (as the window system delivers it); unchecking
         // More goes back to the list. Enabled buttons, More checked, page, title: message
@@ -367,10 +352,9 @@ private slots:
         // Stop asks the task, and the buttons follow the row until the task has failed
         click(Running, false);
         QTest::mouseClick(stop(), Qt::LeftButton);
-        QCOMPARE(rowText(Running), QStringLiteral("Import|task-attention|about to be stop|4|1|"));
+        QCOMPARE(rowText(Running), QStringLiteral("Import|about to be stop|4|1|"));
         QCOMPARE(enabled(), QString());
-        QTRY_COMPARE(rowText(Running),
-                     QStringLiteral("Import|task-reject|fail|1|0|Terminate by user"));
+        QTRY_COMPARE(rowText(Running), QStringLiteral("Import|fail|1|0|Terminate by user"));
         QCOMPARE(enabled(), QString("M"));
         QTest::mouseClick(more(), Qt::LeftButton);
         QCOMPARE(state(), "M 1 1 Error: Import: Terminate by user\n");
@@ -387,10 +371,6 @@ private slots:
         QVERIFY(!_dialog->isVisible());
         QCOMPARE(_model->rowCount(), 0);
         QCOMPARE(state(), " 0 0 Tasks: \n");
-        // Reopened for the next failed batch it has nothing selected
-        perform(task({}, TaskDescription::Fail));
-        QTRY_VERIFY(buttons()->isEnabled());
-        QVERIFY(!view()->selectionModel()->hasSelection() && enabled().isEmpty());
     }
 };
 
