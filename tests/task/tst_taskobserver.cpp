@@ -8,16 +8,8 @@
 #include "testtasks.h"
 #include "treestring.h"
 
-#include <QApplication>
-#include <QDialogButtonBox>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QSettings>
-#include <QStackedWidget>
-#include <QTreeView>
 #include <QtTest>
-
-#include <type_traits>
+#include <QtWidgets>
 
 namespace {
 

@@ -4,7 +4,6 @@
 #include "element/elementdata.h"
 #include "task/taskobserver.h"
 #include "task/taskobservermodel.h"
-#include "task/thread.h"
 #include "testtasks.h"
 #include "treestring.h"
 
