@@ -229,25 +229,6 @@ private Q_SLOTS:
         _list->show();
         QCOMPARE(rows(), "[" + shown + "]");
     }
-    void formCycle_data()
-    {
-        OvtTest::table(); // role; typed; operations; first state
-        OvtTest::row("read, edit, update", "1; x; Users:8 alice:20 alice:40; 3");
-        OvtTest::row("create", "2; carol; widget:4; 2");
-    }
-    void formCycle()
-    {
-        const auto [roleText, typed, operations, firstState] = OvtTest::fields<4>();
-        const int role = roleText.toInt();
-        QSignalSpy states(_form, &ViewEditElementWidget::contentChanged);
-        _form->setElement(role == ViewEditRole ? user(0) : nullptr, ElementWidgetRole(role));
-        _form->show(); // enabled: typing below reaches the editor
-        QTest::keyClicks(_form->shell, typed);
-        QTest::mouseClick(_form->apply, Qt::LeftButton);
-        QCOMPARE(_module->log, OvtTest::words(operations));
-        QCOMPARE(states.first().at(0).toString(), firstState);
-        QCOMPARE(states.last().at(0).toInt(), 0);
-    }
     void activation_data()
     {
         OvtTest::table(); // extra operations; typed; answer (QMessageBox button); question
@@ -354,6 +335,9 @@ private Q_SLOTS:
         QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(0).center());
         QTest::keyClicks(_form->shell, "x");
         QCOMPARE(states.last().at(0).toInt(), 3);
+        QTest::mouseClick(_form->apply, Qt::LeftButton); // updated: unchanged again
+        QCOMPARE(states.last().at(0).toInt(), 0);
+        QTest::keyClicks(_form->shell, "x");
         QString question; // leaving the edits: No stays, Yes moves on
         for (auto answer : {QMessageBox::No, QMessageBox::Yes}) {
             answerNextBox(answer, &question);
@@ -375,6 +359,10 @@ private Q_SLOTS:
         _form->shell->clear();
         QTest::keyClicks(_form->shell, "/bin/zsh");
         QVERIFY(_form->grab().save(dir + "/vieweditelementwidget.png"));
+        QTest::mouseClick(_form->apply, Qt::LeftButton);
+        QCOMPARE(_module->log.mid(2).join(' '),
+                 "alice:20 alice:40 bob:20 widget:4"); // update, create
+        QCOMPARE(_module->users->childNodesCount(), 5);
     }
 
 private:
