@@ -11,7 +11,6 @@
 #include "widgets/elementtreeview.h"
 #include "widgets/elementwidgetcontainer2.h"
 #include "widgets/listwidgetproxymodel.h"
-#include "widgets/nodeselementwidget.h"
 #include "widgets/supplementelementselementwidget.h"
 #include "widgets/vieweditelementwidget.h"
 
@@ -197,37 +196,6 @@ private Q_SLOTS:
         QCOMPARE(current.count(), 1);
         QCOMPARE(current.at(0).at(0).value<TreeNode *>(), user(1));
         QVERIFY(view->selectionModel()->selectedIndexes().isEmpty());
-
-        NodesElementWidget nodes(QStringLiteral("users"), *_module, &Module::defaultTrue);
-        OvtTest::watch(nodes.proxyModel());
-        nodes.setElement(_module->users, ViewEditRole);
-        nodes.show();
-        QCOMPARE(OvtTest::modelToString(nodes.proxyModel()), QStringLiteral("[alice bob a.b axb]"));
-    }
-    void filter_data()
-    {
-        OvtTest::table(); // pattern type; pattern; the logins shown
-        OvtTest::row("wildcard searches every shown column", "0; *ash; alice axb");
-        OvtTest::row("fixed string: a dot is a dot", "2; a.b; a.b");
-        OvtTest::row("regexp: a dot is any character", "1; a.b; a.b axb");
-        OvtTest::row("unfinished regexp hides nothing", "1; (a; a.b alice axb bob");
-        OvtTest::row("case does not matter", "2; NOLOGIN; bob");
-    }
-    void filter()
-    {
-        const auto [type, pattern, shown] = OvtTest::fields<3>();
-        showList();
-        for (int i = 0; i < type.toInt(); ++i)
-            QTest::keyClick(_list->patternTypeComboBox(), Qt::Key_Down);
-        QTest::keyClicks(_list->patternLineEdit(), pattern);
-        QCOMPARE(rows(), "[" + shown + "]");
-        // Hidden, the list keeps pattern and type; shown again, it filters the same
-        _list->hide();
-        QCOMPARE(QSettings().value("elementsElementWidget/usersFilterValue").toString(), pattern);
-        _list->patternLineEdit()->clear();
-        _list->patternTypeComboBox()->setCurrentIndex(0);
-        _list->show();
-        QCOMPARE(rows(), "[" + shown + "]");
     }
     void activation_data()
     {
