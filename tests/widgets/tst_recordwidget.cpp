@@ -49,8 +49,8 @@ QList<Record *> rules(const QString &names)
 
 RecordModel *model(const QString &names, bool creatable = true)
 {
-    auto header = [](int column) {
-        return QVariant(QString("User Host Note").section(' ', column, column));
+    auto header = [](int c) {
+        return QVariant(QString("User Host Note").section(' ', c, c));
     };
     auto *model = new RecordModel([] { return 3; }, header,
                                   creatable ? +[]() -> Record * { return new Rule("new"); } : nullptr);
