@@ -71,7 +71,6 @@ private Q_SLOTS:
         table(); // records; change; done; records after, and the model's dataChanged signals
         row("import goes before blank rows", "A B _ _; append X Y; 1; [A B X Y _ _]");
         row("import into blank rows only", "_ _; append X Y; 1; [X Y _ _]");
-        row("import into nothing", "; append X Y; 1; [X Y]");
         row("insert at the end appends", "A B; insert 2 1; 1; [A B new]");
         row("insert past the end is refused", "A B; insert 3 1; 0; [A B]");
         row("insert without a factory", "A; nofactory 0 1; 0; [A]");
