@@ -3,8 +3,6 @@
 
 #pragma once
 
-// Test tasks and helpers shared by the task tests.
-
 #include "task/abstracttask.h"
 #include "task/thread.h"
 
@@ -38,18 +36,15 @@ public:
     int deletions() const { return _totals[Deletion]; }
 
     /** Empty when each of ids [first, last) ran, got afterRun() and was deleted as expected. */
-    QByteArray check(int first, int last, const QByteArray &expected = "1 1 1") const
+    QByteArray check(int first, int last, const char *expected = "1 1 1") const
     {
-        if (_misplaced)
-            return "run() or afterRun() on the wrong thread";
-        for (int id = first; id < last; ++id) {
+        for (int id = first; id < last && !_misplaced; ++id) {
             const auto &c = _counts[id];
-            const QByteArray got = QByteArray::number(c[Run]) + ' '
-                + QByteArray::number(c[AfterRun]) + ' ' + QByteArray::number(c[Deletion]);
+            const QByteArray got = QString::asprintf("%d %d %d", +c[0], +c[1], +c[2]).toLatin1();
             if (got != expected)
                 return "task " + QByteArray::number(id) + " (run, afterRun, delete): " + got;
         }
-        return QByteArray();
+        return _misplaced ? "run() or afterRun() on the wrong thread" : "";
     }
 
 private:
@@ -65,9 +60,8 @@ struct Gate
 };
 
 /**
- * Reports to a ledger and ends with a given outcome, or throws (throwing 1: a
- * std::runtime_error with the message, 2: an int). With a gate it waits there in run(); a
- * stoppable one (flag bit 0) asked to stop meanwhile fails with "Terminate by user".
+ * Ends with its outcome, or throws (throwing 1: std::runtime_error, 2: an int). A gated one
+ * waits there in run(); stoppable (flag 1) and asked to stop, it fails "Terminate by user".
  */
 class Task : public AbstractTask
 {
@@ -93,19 +87,15 @@ public:
         _ledger->count(_id, Ledger::Run);
         if (_gate)
             _gate->started.release();
-        while (_gate) {
+        while (_gate && !_gate->open.tryAcquire(1, 2)) {
             if (taskAboutToBeStopped()) {
                 _outcome = TaskDescription::Fail;
                 _message = QStringLiteral("Terminate by user");
                 break;
             }
-            if (_gate->open.tryAcquire(1, 2))
-                break;
         }
-        if (throwing == 1)
-            throw std::runtime_error(_message.toStdString());
-        if (throwing == 2)
-            throw 42;
+        if (throwing)
+            throwing == 1 ? throw std::runtime_error(_message.toStdString()) : throw 42;
         _taskDescription.setStatus(_outcome);
         _taskDescription.setMessage(_message);
         AbstractTask::run();
@@ -133,7 +123,6 @@ struct Pool
         }
     }
     ~Pool() { qDeleteAll(threads); }
-    /** Puts @p probe once the first worker has opened the queue. */
     static bool open(AbstractTask *probe)
     {
         return QTest::qWaitFor([probe] { return Thread::put(probe); }, 10000);

@@ -4,8 +4,8 @@
 #include "element/elementdata.h"
 #include "task/taskobserver.h"
 #include "task/taskobservermodel.h"
-#include "task/thread.h"
 #include "testtasks.h"
+#include "treestring.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -29,211 +29,180 @@ bool closeTaskDialog()
 
 } // namespace
 
-/*
- * The worker pool. Its queue is static and process-wide: every function (and every row) starts
- * its own pool and leaves it stopped, so successive pools run in one process; the first
- * function relies on no worker having started yet.
- */
+// The worker pool. Its queue is static: every function (and row) starts its own pool and leaves
+// it stopped, so successive pools run in one process; the first relies on no worker started.
 class tst_Thread : public QObject
 {
     Q_OBJECT
 
-private slots:
-    void initTestCase();
-    void cleanupTestCase() { delete _observer; }
-    void refusedBeforeTheFirstWorkerStarts();
-    void noTaskIsLost_data();
-    void noTaskIsLost();
-    void destroyingAnyThreadStopsThePool();
-    void completionAfterTheObserverIsGone();
-
-private:
     TaskObserver *_observer = nullptr;
-};
 
-void tst_Thread::initTestCase()
-{
-    // Completions go to the observer. No dialog: a batch here never lasts an hour.
-    _observer = TaskObserver::instance();
-    _observer->findChild<QTimer *>(QStringLiteral("_timer"))->setInterval(3600 * 1000);
-}
-
-void tst_Thread::refusedBeforeTheFirstWorkerStarts()
-{
-    Ledger ledger(2);
-    auto *task
-        = new Task(&ledger, 0, {}, TaskDescription::Success, {}, nullptr, 0, new CountedData);
-    QVERIFY(!Thread::put(task));
+private slots:
+    void cleanupTestCase() { delete _observer; }
+    void initTestCase()
     {
-        // Nor does a Thread that was never started open the queue, or spoil it when destroyed.
-        Thread idle;
+        // Completions go to the observer. No dialog: a batch here never lasts an hour.
+        _observer = TaskObserver::instance();
+        _observer->findChild<QTimer *>(QStringLiteral("_timer"))->setInterval(3600 * 1000);
+    }
+
+    void refusedBeforeTheFirstWorkerStarts()
+    {
+        Ledger ledger(2);
+        auto *task
+            = new Task(&ledger, 0, {}, TaskDescription::Success, {}, nullptr, 0, new CountedData);
         QVERIFY(!Thread::put(task));
+        {
+            // Nor does a Thread never started open the queue, or spoil it when destroyed.
+            Thread idle;
+            QVERIFY(!Thread::put(task));
+        }
+        // The observer deletes a refused task and its element data; the row fails, dialog closes
+        _observer->performTask(task);
+        QCOMPARE(ledger.check(0, 1, "0 0 1"), QByteArray());
+        QCOMPARE(dataDeletions, 1);
+        const QModelIndex status = _observer->model()->index(0, 1);
+        QCOMPARE(status.data(Qt::EditRole).toString() + ' '
+                     + status.siblingAtColumn(2).data().toString(),
+                 "1 The task was not run: no worker threads have been started.");
+        QVERIFY(closeTaskDialog());
+        QCOMPARE(_observer->model()->rowCount(), 0);
+
+        Pool pool(1);
+        QVERIFY(Pool::open(new Task(&ledger, 1)));
+        QVERIFY(!Thread::put(nullptr));
+        QTRY_COMPARE(ledger.deletions(), 2);
+        QCOMPARE(ledger.check(1, 2), QByteArray());
     }
-    // The observer deletes a task the queue refuses; its row fails and the dialog can close
-    _observer->performTask(task);
-    QCOMPARE(ledger.check(0, 1, "0 0 1"), QByteArray());
-    QCOMPARE(dataDeletions, 1); // with the element data it owned
-    QCOMPARE(_observer->model()->index(0, 2).data().toString(),
-             QStringLiteral("The task was not run: no worker threads have been started."));
-    QCOMPARE(_observer->model()->index(0, 1).data(Qt::EditRole), QVariant(TaskDescription::Fail));
-    QVERIFY(closeTaskDialog());
-    QCOMPARE(_observer->model()->rowCount(), 0);
 
-    Pool pool(1);
-    QVERIFY(Pool::open(new Task(&ledger, 1)));
-    QVERIFY(!Thread::put(nullptr));
-    QTRY_COMPARE(ledger.deletions(), 2);
-    QCOMPARE(ledger.check(1, 2), QByteArray());
-}
-
-void tst_Thread::noTaskIsLost_data()
-{
-    QTest::addColumn<int>("workers");
-    QTest::addColumn<int>("producers"); // 0: batches of 64 through performTask
-    QTest::addColumn<int>("tasks");
-    QTest::newRow("1 worker, batches") << 1 << 0 << 3000;
-    QTest::newRow("4 workers, batches") << 4 << 0 << 3000;
-    QTest::newRow("1 worker, 1 producer") << 1 << 1 << 3000;
-    QTest::newRow("2 workers, 4 producers") << 2 << 4 << 40000;
-    QTest::newRow("2 workers, 8 producers") << 2 << 8 << 80000;
-}
-
-void tst_Thread::noTaskIsLost()
-{
-    QFETCH(int, workers);
-    QFETCH(int, producers);
-    QFETCH(int, tasks);
-    Ledger ledger(tasks + 1);
-    // A Thread destroyed right after start() neither hangs nor spoils the next pool.
-    for (int i = 0; i < 10; ++i) {
-        auto *thread = new Thread;
-        thread->start();
-        delete thread;
+    void noTaskIsLost_data()
+    {
+        OvtTest::table(); // workers; producers (0: batches of 64 through performTask); tasks
+        OvtTest::row("1 worker, batches", "1; 0; 3000");
+        OvtTest::row("4 workers, batches", "4; 0; 3000");
+        OvtTest::row("1 worker, 1 producer", "1; 1; 3000");
+        OvtTest::row("2 workers, 4 producers", "2; 4; 40000");
+        OvtTest::row("2 workers, 8 producers", "2; 8; 80000");
     }
-    ModelTesterGuard guard(_observer->model());
-    Pool pool(workers);
-    QVERIFY(Pool::open(new Task(&ledger, tasks)));
-    QTRY_COMPARE(ledger.afterRuns(), 1); // the queue is empty
 
-    if (!producers) {
-        for (int first = 0; first < tasks; first += 64) {
+    void noTaskIsLost()
+    {
+        const auto numbers = OvtTest::fields<3>();
+        const int workers = numbers[0].toInt(), producers = numbers[1].toInt(),
+                  tasks = numbers[2].toInt();
+        Ledger ledger(tasks + 1);
+        // A Thread destroyed right after start() neither hangs nor spoils the next pool.
+        for (int i = 0; i < 10; ++i)
+            Pool(1);
+        ModelTesterGuard guard(_observer->model());
+        Pool pool(workers);
+        QVERIFY(Pool::open(new Task(&ledger, tasks)));
+        QTRY_COMPARE(ledger.afterRuns(), 1); // the queue is empty
+
+        for (int first = 0; !producers && first < tasks; first += 64) {
             for (int id = first; id < qMin(tasks, first + 64); ++id)
                 _observer->performTask(new Task(&ledger, id));
-            // The whole batch comes back and is cleared before the next one goes in.
             QTRY_COMPARE_WITH_TIMEOUT(_observer->model()->rowCount(), 0, 60000);
         }
+        // Several threads put at once, each retrying what the full queue refuses
+        std::vector<std::unique_ptr<QThread>> threads;
+        for (int p = 0; p < producers; ++p) {
+            const int each = tasks / producers;
+            threads.emplace_back(QThread::create([&, p, each] {
+                for (int id = p * each; id < (p + 1) * each; ++id) {
+                    auto *task = new Task(&ledger, id);
+                    while (!Thread::put(task))
+                        QThread::yieldCurrentThread();
+                }
+            }));
+            threads.back()->start();
+        }
+        for (auto &thread : threads)
+            QTRY_VERIFY_WITH_TIMEOUT(thread->isFinished(), 120000);
+
+        QVERIFY2(QTest::qWaitFor([&] { return ledger.afterRuns() == tasks + 1; }, 60000),
+                 ledger.check(0, tasks).constData());
+        QCOMPARE(ledger.check(0, tasks + 1), QByteArray());
     }
-    // Several threads put at once, each retrying what the full queue refuses
-    std::vector<std::unique_ptr<QThread>> threads;
-    for (int p = 0; p < producers; ++p) {
-        const int each = tasks / producers;
-        threads.emplace_back(QThread::create([&, p, each] {
-            for (int id = p * each; id < (p + 1) * each; ++id) {
-                auto *task = new Task(&ledger, id);
-                while (!Thread::put(task))
-                    QThread::yieldCurrentThread();
-            }
-        }));
-        threads.back()->start();
+
+    void destroyingAnyThreadStopsThePool()
+    {
+        Ledger ledger(18);
+        Gate gate;
+        ModelTesterGuard guard(_observer->model());
+        auto gated = [&](int id, Gate *at) {
+            return new Task(&ledger, id, {}, TaskDescription::Success, {}, at, 1);
+        };
+        Pool pool(3);
+        QVERIFY(Pool::open(new Task(&ledger, 0)));
+        QTRY_COMPARE(ledger.afterRuns(), 1);
+
+        // Three workers run a performed task each and ten more wait when a Thread is destroyed
+        // (any one: this one never even ran)
+        for (int id = 1; id < 14; ++id)
+            _observer->performTask(gated(id, id < 4 ? &gate : nullptr));
+        QVERIFY(gate.started.tryAcquire(3, 10000));
+
+        delete new Thread;
+
+        // Then the pool takes nothing more, and whatever is put while the workers leave is
+        // refused, never lost in the reset queue
+        int puts = 0;
+        auto refused = [&] {
+            std::unique_ptr<Task> task(new Task(&ledger, 14));
+            return ++puts && !Thread::put(task.get());
+        };
+        QVERIFY(refused());
+        gate.open.release(3);
+        for (Thread *thread : qAsConst(pool.threads)) {
+            while (!thread->isFinished())
+                QVERIFY(refused());
+        }
+        // The queued tasks are deleted unrun: their rows fail, end the batch, the dialog closes
+        QTRY_COMPARE(ledger.deletions(), 14 + puts);
+        QCOMPARE(ledger.check(0, 4) + ledger.check(4, 14, "0 0 1"), QByteArray());
+        TaskObserverModel *model = _observer->model();
+        for (int row = 2; row < 13; ++row) { // the first of them ran
+            const QModelIndex status = model->index(row, 1);
+            QTRY_COMPARE(status.data(Qt::EditRole).toString() + ' '
+                             + status.siblingAtColumn(2).data().toString(),
+                         row == 2 ? "2 " : "1 The task was not run: the worker pool stopped.");
+            QVERIFY(status.data(Qt::UserRole).toULongLong() == 0 && !model->setData(status, 4));
+        }
+        QVERIFY(closeTaskDialog());
+        qDeleteAll(pool.threads);
+        pool.threads.clear();
+
+        // The same for a started Thread of the next pool, once all three workers have joined it
+        Pool next(3);
+        QVERIFY(Pool::open(gated(15, &gate)));
+        QVERIFY(Thread::put(gated(16, &gate)) && Thread::put(gated(17, &gate)));
+        QVERIFY(gate.started.tryAcquire(3, 10000));
+        gate.open.release(3);
+        QTRY_COMPARE(ledger.afterRuns(), 7);
+        delete next.threads.takeAt(1);
+        for (Thread *thread : qAsConst(next.threads))
+            QTRY_VERIFY(thread->isFinished());
     }
-    for (auto &thread : threads)
-        QTRY_VERIFY_WITH_TIMEOUT(thread->isFinished(), 120000);
 
-    // Every accepted task runs once, gets afterRun() and is deleted
-    QVERIFY2(QTest::qWaitFor([&] { return ledger.afterRuns() == tasks + 1; }, 60000),
-             ledger.check(0, tasks).constData());
-    QCOMPARE(ledger.check(0, tasks + 1), QByteArray());
-}
+    void completionAfterTheObserverIsGone()
+    {
+        // Given a task still runs when the observer is destroyed
+        Ledger ledger(2);
+        Gate gate;
+        Pool pool(1);
+        QVERIFY(Pool::open(new Task(&ledger, 0)));
+        QVERIFY(Thread::put(new Task(&ledger, 1, {}, TaskDescription::Success, {}, &gate)));
+        QVERIFY(gate.started.tryAcquire(1, 10000));
+        QTRY_COMPARE(ledger.afterRuns(), 1);
+        delete std::exchange(_observer, nullptr);
 
-void tst_Thread::destroyingAnyThreadStopsThePool()
-{
-    Ledger ledger(18);
-    Gate gate;
-    ModelTesterGuard guard(_observer->model());
-    auto gated = [&](int id) {
-        return new Task(&ledger, id, {}, TaskDescription::Success, {}, &gate, 1);
-    };
-    Pool pool(3);
-    QVERIFY(Pool::open(new Task(&ledger, 0)));
-    QTRY_COMPARE(ledger.afterRuns(), 1);
-
-    // Given each of the three workers runs a performed task and ten more wait in the queue
-    for (int id = 1; id < 14; ++id)
-        _observer->performTask(
-            id < 4 ? gated(id) : new Task(&ledger, id, {}, TaskDescription::Success, {}, {}, 1));
-    QVERIFY(gate.started.tryAcquire(3, 10000));
-
-    // When a Thread is destroyed (any one: this one never even ran)
-    delete new Thread;
-
-    // Then the pool takes nothing more, and whatever is put while the workers leave is
-    // refused, never lost in the reset queue
-    int puts = 0;
-    auto refused = [&] {
-        std::unique_ptr<Task> task(new Task(&ledger, 14));
-        return ++puts && !Thread::put(task.get());
-    };
-    QVERIFY(refused());
-    gate.open.release(3);
-    for (Thread *thread : qAsConst(pool.threads)) {
-        while (!thread->isFinished())
-            QVERIFY(refused());
+        // When it completes, its worker deletes it without afterRun() and creates no observer
+        gate.open.release();
+        QTRY_COMPARE(ledger.deletions(), 2);
+        QCOMPARE(ledger.check(1, 2, "1 0 1"), QByteArray());
     }
-    // and the queued tasks are deleted unrun: their rows fail, let go of the tasks and end
-    // the batch, so that the dialog can close
-    QTRY_COMPARE(ledger.deletions(), 14 + puts);
-    QCOMPARE(ledger.check(0, 4), QByteArray());
-    QCOMPARE(ledger.check(4, 14, "0 0 1"), QByteArray());
-    const TaskObserverModel *model = _observer->model();
-    for (int row = 3; row < 13; ++row) {
-        QTRY_COMPARE(model->index(row, 1).data(Qt::EditRole), QVariant(TaskDescription::Fail));
-        QCOMPARE(model->index(row, 2).data().toString(),
-                 QStringLiteral("The task was not run: the worker pool stopped."));
-        QCOMPARE(model->index(row, 1).data(Qt::UserRole), QVariant(quint64(0)));
-        QVERIFY(!_observer->model()->setData(model->index(row, 1), 4));
-    }
-    QCOMPARE(model->index(2, 1).data(Qt::EditRole), QVariant(TaskDescription::Success));
-    QVERIFY(closeTaskDialog());
-    qDeleteAll(pool.threads);
-    pool.threads.clear();
-
-    // The same for a started Thread of the next pool, once all three workers have joined it
-    Pool next(3);
-    QVERIFY(Pool::open(gated(15)));
-    QVERIFY(Thread::put(gated(16)) && Thread::put(gated(17)));
-    QVERIFY(gate.started.tryAcquire(3, 10000));
-    gate.open.release(3);
-    QTRY_COMPARE(ledger.afterRuns(), 7);
-    delete next.threads.takeAt(1);
-    for (Thread *thread : qAsConst(next.threads))
-        QTRY_VERIFY(thread->isFinished());
-}
-
-void tst_Thread::completionAfterTheObserverIsGone()
-{
-    // Given a task still runs when the observer is destroyed
-    Ledger ledger(2);
-    Gate gate;
-    Pool pool(1);
-    QVERIFY(Pool::open(new Task(&ledger, 0)));
-    QVERIFY(Thread::put(new Task(&ledger, 1, {}, TaskDescription::Success, {}, &gate)));
-    QVERIFY(gate.started.tryAcquire(1, 10000));
-    QTRY_COMPARE(ledger.afterRuns(), 1);
-    delete _observer;
-    _observer = nullptr;
-
-    // When it completes, its worker deletes it without afterRun() and creates no observer
-    gate.open.release();
-    QTRY_COMPARE(ledger.deletions(), 2);
-    QCOMPARE(ledger.check(1, 2, "1 0 1"), QByteArray());
-
-    // The next observer, given a widget, makes it the parent of both dialogs
-    QWidget window;
-    _observer = TaskObserver::instance(&window);
-    QCOMPARE(window.findChildren<QDialog *>().size(), 2);
-    delete _observer;
-    _observer = nullptr;
-}
+};
 
 QTEST_MAIN(tst_Thread)
 #include "tst_thread.moc"
