@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLabel>
@@ -16,6 +17,8 @@
 #include <QtTest>
 
 #include <stdexcept>
+
+using namespace OvtTest;
 
 namespace {
 
@@ -130,9 +133,6 @@ void TestOrvelSecurityMonitorHelper::switches_data()
     const auto one = [&](const char *name, const QJsonObject &more, const QString &suffix) {
         row(name, '[' + sw(more) + ']', "System:7 Long Long s7" + suffix);
     };
-    const auto bad = [&](const char *key, const QJsonValue &value, const char *message) {
-        QTest::addRow("bad %s", key) << '[' + sw({{key, value}}) + ']' << QString('!') + message;
-    };
     row("empty array", "[]", "");
     one("required keys, unknown key ignored", {{"colour", "red"}}, "");
     row("id in six digits", '[' + sw({}, 1234567) + ']',
@@ -170,17 +170,16 @@ void TestOrvelSecurityMonitorHelper::switches_data()
     for (const char *key : {"id", "name", "longname", "script"})
         row(qPrintable(QString("missing ") + key), '[' + sw({}, 7, key) + ']',
             QString("!Json object should contain key '%1'").arg(key));
-    bad("id", "7", "Expected double");
-    bad("name", 2, "Expected string");
-    bad("longname", 2, "Expected string");
-    bad("script", QJsonValue::Null, "Expected string");
-    bad("extra", 1, "Expected string");
-    bad("tooltip", QJsonValue::Null, "Expected string");
-    bad("slave", "12", "Expected double");
-    bad("group", 0, "Expected string");
-    bad("gray", true, "Expected bool (0/1)");
-    bad("enableNeedReboot", "1", "Expected bool (0/1)");
-    bad("disableNeedReboot", false, "Expected bool (0/1)");
+    // Each key through its own reader: "key=value=type", the value in JSON.
+    for (const QString &bad : words("id=\"7\"=double name=2=string longname=2=string "
+                                    "script=null=string extra=1=string tooltip=null=string "
+                                    "slave=\"12\"=double group=0=string gray=true=bool "
+                                    "enableNeedReboot=\"1\"=bool disableNeedReboot=false=bool")) {
+        const QStringList f = bad.split('=');
+        const QJsonValue value = QJsonDocument::fromJson('[' + f[1].toUtf8() + ']').array().at(0);
+        QTest::addRow("bad %s", qPrintable(f[0])) << '[' + sw({{f[0], value}})
+                + ']' << "!Expected " + f[2] + (f[2] == "bool" ? " (0/1)" : "");
+    }
 }
 
 void TestOrvelSecurityMonitorHelper::switches()

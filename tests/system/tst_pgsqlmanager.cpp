@@ -13,9 +13,9 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-using namespace OvtTest;
-
 #include <memory>
+
+using namespace OvtTest;
 
 namespace {
 
@@ -65,15 +65,8 @@ private slots:
         if (_cluster->created)
             _second.reset(new ThrowawayCluster("padded"));
     }
-    void cleanupTestCase()
-    {
-        _second.reset();
-        _cluster.reset();
-    }
     void readClustersAsync_data();
     void readClustersAsync();
-    void usernames_data();
-    void usernames();
     void userSql_data();
     void userSql();
     void allClustersWork();
@@ -81,7 +74,7 @@ private slots:
 
 private:
     void checkRealCluster();
-    std::unique_ptr<ThrowawayCluster> _cluster, _second;
+    std::unique_ptr<ThrowawayCluster> _cluster, _second; // dropped in reverse order
 };
 
 void TestPgsqlManager::readClustersAsync_data()
@@ -132,68 +125,33 @@ void TestPgsqlManager::readClustersAsync()
     QCOMPARE(threads.count(QThread::currentThread()), threads.size());
 }
 
-void TestPgsqlManager::usernames_data()
-{
-    QTest::addColumn<QByteArray>("output");
-    QTest::addColumn<QString>("users"); // "!": the exception
-
-    const auto row = [](const char *name, const char *output, const char *users) {
-        QTest::newRow(name) << QByteArray(output) << users;
-    };
-    row("no rows", " usename \n---------\n(0 rows)\n\n", "");
-    row("two rows, trimmed", " usename  \n----------\n postgres\n  al ice \n(2 rows)\n\n",
-        "postgres,al ice");
-    row("no row count", " usename \n---------\n postgres\n", "!");
-    row("other column", " name \n------\n x\n(1 row)\n", "!");
-}
-
-void TestPgsqlManager::usernames()
-{
-    QFETCH(QByteArray, output);
-    QFETCH(QString, users);
-
-    FakeTools tools(output);
-    std::unique_ptr<PgsqlCluster> cluster(PgsqlCluster::fromString("15 main 5433 online o /d /l"));
-    const QString query = "SELECT u.usename FROM pg_catalog.pg_user u;";
-    QString result;
-    try {
-        result = cluster->usernames().join(',');
-    } catch (const AppException &e) {
-        QCOMPARE(e.getText(), "SQL request '" + query + "' not mathed");
-        result = '!';
-    }
-    QCOMPARE(result, users);
-    QCOMPARE(tools.log(), QStringList("postgres|psql -p 5433 -c \"" + query + "\"|LC_MESSAGES=C"));
-}
-
 void TestPgsqlManager::userSql_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("sql"); // what the shell gets between its double quotes, or "!"
-
-    const auto row = [](const char *name, const QString &user, const char *sql) {
-        QTest::newRow(name) << user << sql;
-    };
-    row("plain: as it always was", "ovt_user9", "create user ovt_user9;");
-    row("63 bytes", QString(63, 'a'), qPrintable("create user " + QString(63, 'a') + ';'));
-    row("capitals quoted", "Bob", "create user \\\"Bob\\\";");
-    row("leading digit quoted", "9a", "create user \\\"9a\\\";");
-    row("command substitution", "$(touch x)", "create user \\\"\\$(touch x)\\\";");
-    row("backtick", "a`id`", "create user \\\"a\\`id\\`\\\";");
-    row("quote doubled", "x\"y", "create user \\\"x\\\"\\\"y\\\";");
-    row("backslash", "a\\b", "create user \\\"a\\\\b\\\";");
-    row("second statement", "x; alter user x superuser",
-        "create user \\\"x; alter user x superuser\\\";");
-    row("drop: dollar", "postgres$b", "drop user \\\"postgres\\$b\\\";");
-    row("empty", "", "!");
-    row("64 bytes", QString(62, 'a') + "\u00e9", "!");
-    row("control character", "a\tb", "!");
+    // The name ("%63": 63 bytes, "%s": ';'); what the shell gets between its double quotes (its
+    // final ';' left out), or "!".
+    table();
+    row("plain: as it always was", "ovt_user9; create user ovt_user9;");
+    row("63 bytes", "%63; create user %63;");
+    row("capitals quoted", R"(Bob; create user \"Bob\";)");
+    row("leading digit quoted", R"(9a; create user \"9a\";)");
+    row("command substitution", R"($(touch x); create user \"\$(touch x)\";)");
+    row("backtick", R"(a`id`; create user \"a\`id\`\";)");
+    row("quote doubled", R"(x"y; create user \"x\"\"y\";)");
+    row("backslash", R"(a\b; create user \"a\\b\";)");
+    row("second statement",
+        R"(x%s alter user x superuser; create user \"x%s alter user x superuser\";)");
+    row("drop: dollar", R"(postgres$b; drop user \"postgres\$b\";)");
+    row("empty", "; !");
+    row("64 bytes", "%62\u00e9; !");
+    row("control character", "a\tb; !");
 }
 
 void TestPgsqlManager::userSql()
 {
-    QFETCH(QString, name);
-    QFETCH(QString, sql);
+    auto [name, sql] = fields<2>();
+    for (QString *text : {&name, &sql})
+        text->replace("%63", QString(63, 'a')).replace("%62", QString(62, 'a')).replace("%s", ";");
+    sql += sql == "!" ? "" : ";";
     const bool drop = sql.startsWith("drop");
     FakeTools tools(" usename \n---------\n postgres\n " + name.toUtf8() + "x\n(2 rows)\n");
     if (drop)

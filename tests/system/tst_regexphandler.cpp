@@ -45,13 +45,6 @@ public:
     QStringList seen;
 };
 
-// Checks @p errors against @p pattern, in which %P stands for @p path.
-bool matches(QString pattern, const QString &path, const QString &errors)
-{
-    pattern.replace("%P", QRegularExpression::escape(path));
-    return QRegularExpression(pattern).match(errors).hasMatch();
-}
-
 QByteArray unescaped(const QString &text)
 {
     QByteArray bytes = text.toLatin1();
@@ -69,8 +62,6 @@ class TestRegExpHandler : public QObject
 
 private slots:
     void init();
-    void read_data();
-    void read();
     void rewrite_data();
     void rewrite();
     void rewriteFailures_data();
@@ -90,39 +81,16 @@ void TestRegExpHandler::init()
     _path = _dir->filePath("service.conf");
 }
 
-void TestRegExpHandler::read_data()
-{
-    // The file ("<missing>", "<directory>": no readable file); the lines seen or the error.
-    table();
-    row("null line, captures set", "a = 1\\n  b=two words  \\n; null:a=1 null:b=two words");
-    row("comments and blanks skipped", "# a = 1\\n\\n   \\t\\n  #b=2\\nc = 3 # d = 4\\n; null:c=3");
-    row("last line without LF", "a = 1\\nb = 2; null:a=1 null:b=2");
-    row("missing", "<missing>; ^earlier\n\"%P\" not exists$");
-    row("directory", "<directory>; ^earlier\n\"%P\" error 5\n[^\n]+$");
-}
-
-void TestRegExpHandler::read()
-{
-    const auto [text, result] = fields<2>();
-    const QByteArray contents = unescaped(text);
-    const bool fails = contents.startsWith('<');
-    QVERIFY(contents == "<directory>" ? QDir().mkdir(_path) : fails || writeFile(_path, contents));
-
-    KeyValueHandler handler("a");
-    QString errors = fails ? "earlier" : "";
-    QCOMPARE(RegExpHandler::readSystemConfigureFile(_path, handler, errors), !fails);
-    QVERIFY2(fails ? matches(result, _path, errors) : errors.isEmpty(), qPrintable(errors));
-    if (!fails) {
-        QCOMPARE(handler.seen.join(' '), result);
-        QCOMPARE(readFile(_path), contents); // reading never changes the file
-    }
-}
-
 void TestRegExpHandler::rewrite_data()
 {
-    // The file; the key to replace; the file after; the lines seen ("*": not compared); what the
-    // final handler appends.
+    // The file; the key to replace ("?": only read); the file after ("=": unchanged); the lines
+    // seen ("*": not compared); what the final handler appends.
     table();
+    row("read: null line, captures set",
+        "a = 1\\n  b=two words  \\n; ?; =; null:a=1 null:b=two words");
+    row("read: comments and blanks skipped",
+        "# a = 1\\n\\n   \\t\\n  #b=2\\nc = 3 # d = 4\\n; ?; =; null:c=3");
+    row("read: last line without LF", "a = 1\\nb = 2; ?; =; null:a=1 null:b=2");
     row("comment kept behind a tab",
         "  key = value   # note\\n; key; key = 9\\t# note\\n; key=value");
     row("no comment: LF added", "key=1\\nother = 2\\n; key; key = 9\\nother = 2\\n; key=1 other=2");
@@ -147,9 +115,10 @@ void TestRegExpHandler::rewrite()
 
     KeyValueHandler handler(key, unescaped(appended));
     QString errors;
-    QVERIFY(RegExpHandler::rewriteSystemConfigureFile(_path, handler, errors, false));
+    QVERIFY(key == "?" ? RegExpHandler::readSystemConfigureFile(_path, handler, errors)
+                       : RegExpHandler::rewriteSystemConfigureFile(_path, handler, errors, false));
     QCOMPARE(errors, QString());
-    QCOMPARE(readFile(_path), unescaped(expected));
+    QCOMPARE(readFile(_path), unescaped(expected == "=" ? contents : expected));
     if (seen != "*")
         QCOMPARE(handler.seen.join(' '), seen);
     QVERIFY(!QFile::exists(_path + ".tmp") && !QFile::exists(_path + ".bak"));
@@ -164,6 +133,8 @@ void TestRegExpHandler::rewriteFailures_data()
 
     // Earlier errors stay, one line feed apart.
     row("file missing", "missing; 0; ^earlier\n\"%P\" not exists$");
+    row("read: file missing", "read:missing; 0; ^earlier\n\"%P\" not exists$");
+    row("read: directory", "read:dir; 0; ^earlier\n\"%P\" error 5\n[^\n]+$");
     row("cp cannot start", "nocp; 1;" + cp + "Error: [^\n]*\\.\n\"Not started\"$");
     row("temporary file cannot be created", "dir:.tmp/x; 0; ^\"%P\\.tmp\" error 5\n[^\n]+$");
     row("backup cannot be written", "dir:.bak/x; 1; ^\"%P\" error [0-9]+\n[^\n]+$");
@@ -180,9 +151,10 @@ void TestRegExpHandler::rewriteFailures()
     // A file with every kind of line, and an obstacle that holds for root too.
     const QByteArray original("# header\n\nkey = 1   # why\nother=\xff\xfe\nlast = 2");
     const QByteArray changed("# header\n\nkey = 9\t# why\nother=\xff\xfe\nlast = 2");
-    QVERIFY(obstacle == "missing" || writeFile(_path, original));
+    const bool read = obstacle.startsWith("read:"), missing = obstacle.endsWith("missing");
+    QVERIFY(missing || (obstacle == "read:dir" ? QDir().mkdir(_path) : writeFile(_path, original)));
     QVERIFY(!obstacle.startsWith("dir:") || QDir().mkpath(_path + obstacle.mid(4)));
-    QString errors = obstacle == "missing" ? "earlier" : "";
+    QString errors = missing || read ? "earlier" : "";
     KeyValueHandler handler("key");
     bool ok;
     {
@@ -191,15 +163,18 @@ void TestRegExpHandler::rewriteFailures()
                     obstacle == "nocp"               ? QFile::encodeName(_dir->filePath("none"))
                         : obstacle.startsWith("cp:") ? pathWith(OVT_FIXTURE_DIR "/fakecp")
                                                      : qgetenv("PATH"));
-        ok = RegExpHandler::rewriteSystemConfigureFile(_path, handler, errors, backup == "1");
+        ok = read
+            ? RegExpHandler::readSystemConfigureFile(_path, handler, errors)
+            : RegExpHandler::rewriteSystemConfigureFile(_path, handler, errors, backup == "1");
     }
 
     // One message for the failure; the file untouched unless the result is true.
     QCOMPARE(ok, !rewritten.isEmpty());
-    QVERIFY2(matches(pattern, _path, errors), qPrintable(errors));
-    if (obstacle != "missing")
+    const QString escaped = QString(pattern).replace("%P", QRegularExpression::escape(_path));
+    QVERIFY2(QRegularExpression(escaped).match(errors).hasMatch(), qPrintable(errors));
+    if (!missing && !read)
         QCOMPARE(readFile(_path), ok ? changed : original);
-    QVERIFY(QFile::exists(_path) == (obstacle != "missing"));
+    QVERIFY(QFile::exists(_path) == !missing);
     QVERIFY(backup == "1" || !QFile::exists(_path + ".bak"));
 }
 
