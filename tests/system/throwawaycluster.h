@@ -3,15 +3,7 @@
 
 #pragma once
 
-#include <QDir>
-#include <QFile>
-#include <QProcess>
-#include <QRegularExpression>
-#include <QStandardPaths>
-#include <QString>
-#include <QStringList>
-
-#include <unistd.h>
+#include "systemtest.h"
 
 // Runs a command to its end (two minutes at most) and returns its merged output.
 inline QString run(const QString &program, const QStringList &arguments, int *exitCode = nullptr)

@@ -8,9 +8,6 @@
 #include "systemtest.h"
 #include "throwawaycluster.h"
 
-#include <QDir>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <memory>

@@ -6,7 +6,6 @@
 #include "system/process.h"
 #include "systemtest.h"
 
-#include <QTemporaryDir>
 #include <QtTest>
 
 using namespace OvtTest;

@@ -4,9 +4,6 @@
 #include "system/regexphandler.h"
 #include "systemtest.h"
 
-#include <QDir>
-#include <QRegularExpression>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <sys/stat.h>
