@@ -54,12 +54,3 @@ inline QString enterPrivateMountNamespace()
         return "private mount namespace: " + QString::fromLocal8Bit(strerror(errno));
     return QString();
 }
-
-// Runs @p command as the unprivileged user "nobody"; true when it succeeded. Needs root.
-inline bool asNobody(const QStringList &command)
-{
-    return QProcess::execute("setpriv",
-                             QStringList {"--reuid=nobody", "--regid=nogroup", "--clear-groups"}
-                                 + command)
-        == 0;
-}

@@ -7,36 +7,34 @@
 #include <QtTest>
 
 #include <sys/stat.h>
+#include <thread>
 
 using namespace OvtTest;
 
 namespace {
 
-// "key = value" lines; replaces the keys given and records what it saw.
-class KeyValueHandler : public RegExpHandler
+// "key = value" lines; replaces the key given and records what it saw.
+struct KeyValueHandler : RegExpHandler
 {
-public:
-    explicit KeyValueHandler(const QString &key = QString(), const QByteArray &appended = {})
-        : RegExpHandler(QStringLiteral("^(\\w+)\\s*=\\s*(.*)$"))
+    KeyValueHandler(const QString &key, const QByteArray &appended = {})
+        : RegExpHandler("^(\\w+)\\s*=\\s*(.*)$")
         , key(key)
         , appended(appended)
     { }
-
     bool handleRegExp(QByteArray *line) override
     {
         seen << (line ? "" : "null:") + regExp().cap(1) + '=' + regExp().cap(2).trimmed();
-        if (!line || regExp().cap(1) != key)
-            return false;
-        *line = key.toLatin1() + " = 9";
-        return true;
+        // "count" counts up, so that a lost or mixed rewrite shows in the final count.
+        const int next = key == "count" ? regExp().cap(2).trimmed().toInt() + 1 : 9;
+        if (line && regExp().cap(1) == key)
+            *line = key.toLatin1() + " = " + QByteArray::number(next);
+        return line && regExp().cap(1) == key;
     }
-
     bool finalHandleRegExp(QByteArray *data) override
     {
         *data = appended;
         return !appended.isEmpty();
     }
-
     QString key;
     QByteArray appended;
     QStringList seen;
@@ -193,22 +191,22 @@ void TestRegExpHandler::hostileFiles()
 
     // Given a directory that "nobody" owns (as postgres owns its configuration directory), a
     // file there that it owns too, and a file of root's elsewhere
-    const QString dir = _dir->filePath("conf"), victim = _dir->filePath("victim");
-    const QString conf = dir + "/app.conf", real = plant.startsWith("link") ? victim : conf;
+    const QString victim = _dir->filePath("victim"), conf = _dir->filePath("conf/app.conf");
+    const QString real = plant.startsWith("link") ? victim : conf;
     QVERIFY(QProcess::execute("sh",
                               {"-ec",
-                               "cd \"$0\" && chmod 755 . && mkdir conf && "
-                               "chown nobody:nogroup conf && echo 'key = 1' >victim "
-                               "&& chmod 600 victim",
-                               _dir->path()})
+                               "cd \"$0\" && chmod 755 . && mkdir conf && chown nobody:nogroup "
+                               "conf && echo 'key = 1' >victim && chmod 600 victim && case "
+                               "$1 in link*) ln -s $PWD/victim conf/app.conf;; *) echo 'key "
+                               "= 1' >conf/app.conf && chown nobody:nogroup conf/app.conf && "
+                               "chmod 640 conf/app.conf;; esac",
+                               _dir->path(), plant})
             == 0);
-    if (real == conf)
-        QVERIFY(writeFile(conf, "key = 1\n") && chown(QFile::encodeName(conf), 65534, 65534) == 0
-                && chmod(QFile::encodeName(conf), 0640) == 0);
-    else
-        QVERIFY(QFile::link(victim, conf));
     if (plant == "tmp" || plant == "bak")
-        QVERIFY(asNobody({"ln", "-s", victim, conf + '.' + plant}));
+        QVERIFY(QProcess::execute("setpriv",
+                                  {"--reuid=nobody", "--regid=nogroup", "--clear-groups", "ln",
+                                   "-s", victim, conf + '.' + plant})
+                == 0);
     if (plant == "link immutable" && QProcess::execute("chattr", {"+i", victim}) != 0)
         QSKIP("the file system of the temporary directory has no immutable files");
 
@@ -225,12 +223,15 @@ void TestRegExpHandler::hostileFiles()
     QCOMPARE(readFile(real), QByteArray(ok ? "key = 9\n" : "key = 1\n"));
     if (real != victim)
         QCOMPARE(readFile(victim), QByteArray("key = 1\n"));
-    QCOMPARE(QFileInfo(victim).ownerId(), 0u);
-    QCOMPARE(QFileInfo(conf).isSymLink(), real == victim);
-    QCOMPARE(QFileInfo(conf).ownerId(), real == victim ? 0u : 65534u);
-    struct stat status;
-    QCOMPARE(stat(QFile::encodeName(real).constData(), &status), 0);
-    QCOMPARE(status.st_mode & 0777, real == victim ? 0600u : 0640u);
+    struct stat status = {};
+    stat(QFile::encodeName(real).constData(), &status);
+    // Owner of the victim; whether the file is a link; its owner; the real file's mode.
+    QCOMPARE(QString("%1 %2 %3 %4")
+                 .arg(QFileInfo(victim).ownerId())
+                 .arg(QFileInfo(conf).isSymLink())
+                 .arg(QFileInfo(conf).ownerId())
+                 .arg(status.st_mode & 0777, 0, 8),
+             real == victim ? "0 1 0 600" : "0 0 65534 640");
     // The backup replaced whatever stood at its name, and holds the previous contents.
     QVERIFY(!QFileInfo(conf + ".bak").isSymLink());
     QCOMPARE(readFile(conf + ".bak"), QByteArray("key = 1\n"));
@@ -238,38 +239,22 @@ void TestRegExpHandler::hostileFiles()
 
 void TestRegExpHandler::concurrentRewritesLoseNothing()
 {
-    // A handler that counts up, so that a lost or mixed rewrite shows in the final count.
-    struct Counter : RegExpHandler
-    {
-        Counter()
-            : RegExpHandler("^count = (\\d+)$")
-        { }
-        bool handleRegExp(QByteArray *line) override
-        {
-            if (line)
-                *line = "count = " + QByteArray::number(regExp().cap(1).toInt() + 1);
-            return line;
-        }
-    };
     for (int trial = 0; trial < 5; ++trial) {
         QVERIFY(writeFile(_path, "# counted\ncount = 0\n"));
-        QAtomicInt failures;
-        QList<QThread *> workers;
-        for (int t = 0; t < 4; ++t) {
-            workers << QThread::create([this, &failures] {
+        std::atomic<int> failures = 0;
+        std::vector<std::thread> workers;
+        for (int t = 0; t < 4; ++t)
+            workers.emplace_back([&] {
                 for (int i = 0; i < 8; ++i) {
-                    Counter counter;
+                    KeyValueHandler counter("count");
                     QString errors;
-                    if (!RegExpHandler::rewriteSystemConfigureFile(_path, counter, errors, i % 2))
-                        failures.fetchAndAddOrdered(1);
+                    failures += !RegExpHandler::rewriteSystemConfigureFile(_path, counter, errors,
+                                                                           i % 2);
                 }
             });
-            workers.last()->start();
-        }
-        for (QThread *worker : qAsConst(workers))
-            QVERIFY(worker->wait());
-        qDeleteAll(workers);
-        QCOMPARE(failures.loadAcquire(), 0);
+        for (std::thread &worker : workers)
+            worker.join();
+        QCOMPARE(failures.load(), 0);
         QCOMPARE(readFile(_path), QByteArray("# counted\ncount = 32\n"));
     }
 }
