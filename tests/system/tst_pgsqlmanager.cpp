@@ -27,7 +27,7 @@ inline QString run(const QString &program, const QStringList &arguments, int *ex
     return QString::fromLocal8Bit(process.readAll());
 }
 
-// A cluster for this run only, dropped with the guard; also drops those of killed runs.
+// A cluster for this run only, dropped with the guard.
 struct ThrowawayCluster
 {
     explicit ThrowawayCluster(const QString &suffix = QString())
@@ -39,12 +39,6 @@ struct ThrowawayCluster
             || QStandardPaths::findExecutable("pg_createcluster").isEmpty()) {
             error = "needs root, a PostgreSQL server and postgresql-common";
             return;
-        }
-        const QRegularExpression stale("^(\\S+)\\s+(ovttest(\\d+)\\w*)\\s");
-        for (const QString &l : run("pg_lsclusters", {"--no-header"}).split('\n')) {
-            const QRegularExpressionMatch m = stale.match(l);
-            if (m.hasMatch() && !QFile::exists("/proc/" + m.captured(3)))
-                run("pg_dropcluster", {"--stop", m.captured(1), m.captured(2)});
         }
         version = versions.last();
         int code = 0;
