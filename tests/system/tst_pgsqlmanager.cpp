@@ -110,7 +110,6 @@ private slots:
     void realCluster();
 
 private:
-    void checkRealCluster();
     std::unique_ptr<ThrowawayCluster> _cluster, _second; // dropped in reverse order
 };
 
@@ -222,53 +221,49 @@ void TestPgsqlManager::realCluster()
         QSKIP(qPrintable(_cluster->error));
     // An AppException must fail this test, not end the run before the cluster is dropped.
     try {
-        checkRealCluster();
+        QVERIFY(PgsqlManager().packagesInslled());
+        // The real listing of two clusters pads its columns; each still parses as listed alone.
+        PgsqlManager manager;
+        manager.readClusters();
+        for (const ThrowawayCluster *c : {_cluster.get(), _second.get()}) {
+            std::unique_ptr<PgsqlCluster> alone(PgsqlCluster::fromString(c->line));
+            QVERIFY2(describe(manager.getClusters()).split(',').contains(describe({alone.get()})),
+                     qPrintable(describe(manager.getClusters())));
+        }
+        std::unique_ptr<PgsqlCluster> cluster(PgsqlCluster::fromString(_cluster->line));
+        QVERIFY(!cluster->isWork());
+        cluster->start();
+        QVERIFY(cluster->isWork());
+
+        // Hostile names name exactly one role each and run nothing; an existing or unknown name
+        // runs no SQL and is no error.
+        const QStringList before = cluster->usernames();
+        QVERIFY2(before.contains("postgres") && !before.contains("a"),
+                 qPrintable(before.join(',')));
+        const QString marker = QStringLiteral("/tmp/ovt-injected-%1").arg(getpid());
+        const QStringList names {"a",    "$(touch " + marker + ')',   "a`touch " + marker + '`',
+                                 "x\"y", "x; alter user x superuser", "Bob",
+                                 "a$b"};
+        for (const QString &name : names + QStringList {"a"})
+            cluster->createUser(name);
+        QStringList all = cluster->usernames(), wanted = before + names;
+        all.sort();
+        wanted.sort();
+        QCOMPARE(all, wanted);
+        cluster->deleteUser("a$b");
+        QVERIFY(cluster->usernames().contains("a"));
+        for (const QString &name : names + QStringList {"a"})
+            cluster->deleteUser(name);
+        QCOMPARE(cluster->usernames(), before);
+        QVERIFY(!QFile::remove(marker));
+        try {
+            cluster->sqlRequest("select * from no_such_table;");
+            QFAIL("no exception");
+        } catch (const AppException &e) {
+            QVERIFY2(e.getText().contains("no_such_table"), qPrintable(e.getText()));
+        }
     } catch (const AppException &e) {
         QFAIL(qPrintable(e.getText()));
-    }
-}
-
-void TestPgsqlManager::checkRealCluster()
-{
-    QVERIFY(PgsqlManager().packagesInslled());
-    // The real listing of two clusters pads its columns; each still parses as listed alone.
-    PgsqlManager manager;
-    manager.readClusters();
-    for (const ThrowawayCluster *c : {_cluster.get(), _second.get()}) {
-        std::unique_ptr<PgsqlCluster> alone(PgsqlCluster::fromString(c->line));
-        QVERIFY2(describe(manager.getClusters()).split(',').contains(describe({alone.get()})),
-                 qPrintable(describe(manager.getClusters())));
-    }
-    std::unique_ptr<PgsqlCluster> cluster(PgsqlCluster::fromString(_cluster->line));
-    QVERIFY(!cluster->isWork());
-    cluster->start();
-    QVERIFY(cluster->isWork());
-
-    // Hostile names name exactly one role each and run nothing; an existing or unknown name
-    // runs no SQL and is no error.
-    const QStringList before = cluster->usernames();
-    QVERIFY2(before.contains("postgres") && !before.contains("a"), qPrintable(before.join(',')));
-    const QString marker = QStringLiteral("/tmp/ovt-injected-%1").arg(getpid());
-    const QStringList names {"a",    "$(touch " + marker + ')',   "a`touch " + marker + '`',
-                             "x\"y", "x; alter user x superuser", "Bob",
-                             "a$b"};
-    for (const QString &name : names + QStringList {"a"})
-        cluster->createUser(name);
-    QStringList all = cluster->usernames(), wanted = before + names;
-    all.sort();
-    wanted.sort();
-    QCOMPARE(all, wanted);
-    cluster->deleteUser("a$b");
-    QVERIFY(cluster->usernames().contains("a"));
-    for (const QString &name : names + QStringList {"a"})
-        cluster->deleteUser(name);
-    QCOMPARE(cluster->usernames(), before);
-    QVERIFY(!QFile::remove(marker));
-    try {
-        cluster->sqlRequest("select * from no_such_table;");
-        QFAIL("no exception");
-    } catch (const AppException &e) {
-        QVERIFY2(e.getText().contains("no_such_table"), qPrintable(e.getText()));
     }
 }
 

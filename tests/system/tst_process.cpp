@@ -71,8 +71,8 @@ private slots:
 
     void isInstalled_data()
     {
-        // The name; the fake dpkg-query's output and exit code ("real": the real one, "missing":
-        // none on PATH); the result.
+        // The name; the fake dpkg-query's output and exit code ("real": the real one, which every
+        // Debian system has; "missing": none on PATH); the result.
         table();
         // dpkg itself is installed wherever dpkg-query runs.
         row("real: installed", "dpkg; real; 0; true");
@@ -90,8 +90,6 @@ private slots:
     {
         const auto [name, status, exitCode, result] = fields<4>();
         const bool fake = status != "real" && status != "missing";
-        if (status == "real" && QStandardPaths::findExecutable("dpkg-query").isEmpty())
-            QSKIP("dpkg-query is not installed on this machine");
         QTemporaryDir dir;
         const QString args = dir.filePath("args");
         EnvVar argsFile("OVT_FAKE_DPKG_ARGS", QFile::encodeName(args));
