@@ -106,6 +106,7 @@ private slots:
     void readClustersAsync();
     void userSql_data();
     void userSql();
+    void unexpectedUserListFails();
     void allClustersWork();
     void realCluster();
 
@@ -201,6 +202,13 @@ void TestPgsqlManager::userSql()
         QCOMPARE(sql, "!");
         QVERIFY(!QFile::exists(tools.dir.filePath("log"))); // refused before any process ran
     }
+}
+
+void TestPgsqlManager::unexpectedUserListFails()
+{
+    FakeTools tools(" name \n------\n x\n(1 row)\n"); // another column than asked for
+    std::unique_ptr<PgsqlCluster> cluster(PgsqlCluster::fromString("15 main 5433 online o /d /l"));
+    QVERIFY_EXCEPTION_THROWN(cluster->usernames(), AppException);
 }
 
 void TestPgsqlManager::allClustersWork()
