@@ -40,21 +40,20 @@ QString describe(const QMap<SwitchGroup, SwitchWidget *> &map)
     return parts.join(" | ");
 }
 
-// @p json, quoted with ', with each "@ID-KEY{MORE}" replaced by a switch with the required keys
-// (script "sID"), without KEY, changed by the JSON object MORE (both optional).
+// @p json, quoted with ', with each "@ID{MORE}" replaced by a switch with the required keys
+// (script "sID") changed by the JSON object MORE (optional).
 QByteArray expand(QString json)
 {
     json.replace('\'', '"');
-    static const QRegularExpression at("@([\\d.]+)(?:-(\\w+))?(\\{[^}]*\\})?");
+    static const QRegularExpression at("@([\\d.]+)(\\{[^}]*\\})?");
     for (QRegularExpressionMatch m; (m = at.match(json)).hasMatch();) {
         QJsonObject o {{"id", m.captured(1).toDouble()},
                        {"name", "n"},
                        {"longname", "Long"},
                        {"script", "s" + QString::number(m.captured(1).toDouble())}};
-        const QJsonObject more = QJsonDocument::fromJson(m.captured(3).toUtf8()).object();
+        const QJsonObject more = QJsonDocument::fromJson(m.captured(2).toUtf8()).object();
         for (auto it = more.begin(); it != more.end(); ++it)
             o.insert(it.key(), *it);
-        o.remove(m.captured(2));
         json.replace(m.capturedStart(), m.capturedLength(),
                      QJsonDocument(o).toJson(QJsonDocument::Compact));
     }
@@ -122,9 +121,7 @@ private slots:
         row("tooltip, extra, slave like the id",
             "[@7{'tooltip':'T','extra':'X','slave':12}]; System:7 Long T s7 extra=X slave=12");
         row("empty tooltip: the long name", "[@7{'tooltip':''}]; System:7 Long Long s7");
-        row("gray 0.4 rounds to false", "[@7{'gray':0.4}]; System:7 Long Long s7");
-        row("gray 0.5 rounds to true", "[@7{'gray':0.5}]; System:7 Long Long s7 gray");
-        row("gray -0.5 away from zero", "[@7{'gray':-0.5}]; System:7 Long Long s7 gray");
+        row("gray: disabled", "[@7{'gray':0.5}]; System:7 Long Long s7 gray");
         row("reboot on enabling", "[@7{'enableNeedReboot':1}]; System:7 Long Long s7 rebootOn");
         row("reboot on disabling",
             "[@7{'enableNeedReboot':0,'disableNeedReboot':1}];"
@@ -141,23 +138,13 @@ private slots:
         row("rejected record leaks nothing into the next",
             "[@1{'name':'','extra':'X','slave':9,'gray':1,'enableNeedReboot':1},@2];"
             "System:2 Long Long s2 | System:null");
-        // Errors: every validation message, and each key through its own reader.
+        // Errors. Each key's own reader and message, as the parser gives them, is compared
+        // against a reference by the fuzz target's corpus.
         QJsonParseError error;
         QJsonDocument::fromJson("[", &error);
         row("not JSON", "[; !Json parse error:\n" + error.errorString());
         row("object, not array", "{}; !Expected json array");
         row("bad element after a good one", "[@7,1]; !Expected json object");
-        for (const char *key : {"id", "name", "longname", "script"})
-            QTest::addRow("missing %s", key)
-                << QString("[@7-%1]; !Json object should contain key '%1'").arg(key);
-        for (const QString bad :
-             {"id:'7' double", "name:2 string", "longname:2 string", "script:null string",
-              "extra:1 string", "tooltip:null string", "slave:'12' double", "group:0 string",
-              "gray:true bool (0/1)", "enableNeedReboot:'1' bool (0/1)",
-              "disableNeedReboot:false bool (0/1)"})
-            QTest::addRow("bad %s", qPrintable(bad.section(':', 0, 0)))
-                << QString("[@7{'%1}]; !Expected %2")
-                       .arg(bad.section(' ', 0, 0).replace(":", "':"), bad.section(' ', 1));
         // The monitor fails.
         row("crash", "!crash; !Process crashed");
         row("non-zero exit", "!fail; !orvel-security-monitor finished with unexpected code: 3");

@@ -79,27 +79,15 @@ void TestRegExpHandler::init()
 void TestRegExpHandler::rewrite_data()
 {
     // The file; the key to replace ("?": only read); the file after ("=": unchanged); the lines
-    // seen ("*": not compared); what the final handler appends.
+    // seen; what the final handler appends.
     table();
     row("read: null line, captures set",
         "a = 1\\n  b=two words  \\n; ?; =; null:a=1 null:b=two words");
     row("read: comments and blanks skipped",
         "# a = 1\\n\\n   \\t\\n  #b=2\\nc = 3 # d = 4\\n; ?; =; null:c=3");
     row("read: last line without LF", "a = 1\\nb = 2; ?; =; null:a=1 null:b=2");
-    row("comment kept behind a tab",
-        "  key = value   # note\\n; key; key = 9\\t# note\\n; key=value");
-    row("no comment: LF added", "key=1\\nother = 2\\n; key; key = 9\\nother = 2\\n; key=1 other=2");
-    // Only the text before "#" is matched, so none of these lines reaches the handler.
-    row("comment-only, blank, text before #",
-        "# key = a\\n\\n   \\t\\nnot a pair # key = 2\\n; key;"
-        "# key = a\\n\\n   \\t\\nnot a pair # key = 2\\n;");
-    row("false keeps the bytes",
-        "key =  spaced \\t # c \\r\\n;; key =  spaced \\t # c \\r\\n; key=spaced");
-    row("last line without LF kept", "a = 1\\nb = 2; a; a = 9\\nb = 2; a=1 b=2");
-    row("last line without LF replaced", "a = 1\\nkey = 2; key; a = 1\\nkey = 9\\n; a=1 key=2");
-    row("not UTF-8",
-        "\\xff = \\xff\\n\\xff # \\xff\\nkey = 1\\n; key; \\xff = \\xff\\n\\xff # \\xff\\nkey = "
-        "9\\n; *");
+    // How replaced lines are written back (comments behind a tab, line feeds, other bytes) is
+    // compared against a reference by the fuzz target's corpus.
     row("final handler appends", "a = 1\\n;; a = 1\\nkey = added\\n; a=1; key = added\\n");
 }
 
@@ -114,8 +102,7 @@ void TestRegExpHandler::rewrite()
                        : RegExpHandler::rewriteSystemConfigureFile(_path, handler, errors, false));
     QCOMPARE(errors, QString());
     QCOMPARE(readFile(_path), unescaped(expected == "=" ? contents : expected));
-    if (seen != "*")
-        QCOMPARE(handler.seen.join(' '), seen);
+    QCOMPARE(handler.seen.join(' '), seen);
     QVERIFY(!QFile::exists(_path + ".tmp") && !QFile::exists(_path + ".bak"));
 }
 
