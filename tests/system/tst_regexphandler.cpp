@@ -42,11 +42,7 @@ struct KeyValueHandler : RegExpHandler
 
 QByteArray unescaped(const QString &text)
 {
-    QByteArray bytes = text.toLatin1();
-    return bytes.replace("\\n", "\n")
-        .replace("\\t", "\t")
-        .replace("\\r", "\r")
-        .replace("\\xff", "\xff");
+    return text.toLatin1().replace("\\n", "\n").replace("\\t", "\t");
 }
 
 } // namespace
