@@ -49,8 +49,7 @@ struct TypedWidget : ViewEditElementWidget
     {
         _elementType = type;
     }
-    // Plug-ins override the first slot of each pair; the second must reach the
-    // override too.
+    // Plug-ins override the first slot of each pair; the second must reach the override too.
     void afterSuccessfulUpdate() override { ++updates; }
     bool isContentValid() const override { return valid; }
     int updates = 0;
@@ -85,9 +84,8 @@ private Q_SLOTS:
 
     void permissionPredicates_data()
     {
-        // Where true is set: on the tested child's parent (as a string too), on the
-        // parent and false on the child, or on a module above a plain node above
-        // the parent.
+        // Where true is set: on the tested child's parent (as a string too), on the parent and
+        // false on the child, or on a module above a plain node above the parent.
         table();
         row("inherited", "parent; 1");
         row("the string true is not enough", "string;");
@@ -174,8 +172,7 @@ private Q_SLOTS:
     {
         auto *module = new Module("gone", nullptr, true);
         QPointer<QObject> child = new TreeNode(module);
-        // A child whose destruction takes a later sibling with it, as an element
-        // may its records.
+        // A child whose destruction takes a later sibling with it, as an element may its records.
         auto *taking = new QObject(module);
         QPointer<QObject> taken = new QObject(module);
         connect(taking, &QObject::destroyed, [taken] { delete taken.data(); });
@@ -188,8 +185,7 @@ private Q_SLOTS:
 
     void resetEmptiesContainersListedWithTheirContents()
     {
-        // Given the module lists containers and, after them, a container another
-        // one holds
+        // Given the module lists containers and, after them, a container another one holds
         Module module("m", nullptr, false);
         auto *outer = new Folder(module, "", "outer"), *inner = new Folder(module, "", "inner");
         auto *leaf = new TypedElement<>(module, "login", "leaf");
@@ -200,16 +196,14 @@ private Q_SLOTS:
         module.elementNodes() << outer << inner << leaf << other;
         other->fetchMore();
 
-        // When they are reset, each is emptied once and what that freed leaves the
-        // list
+        // When they are reset, each is emptied once and what that freed leaves the list
         module.resetConteinerElement();
         QStringList ids;
         for (TreeNode *node : module.elementNodes())
             ids << node->id() + QString::number(node->childNodesCount())
                     + (node->canFetchMore() ? "?" : "");
         QCOMPARE(ids.join(' '), QString("outer0? leaf0 other0?"));
-        // An acceptor module below finds its donor's elements there, but nothing
-        // freed
+        // An acceptor module below finds its donor's elements there, but nothing freed
         AcceptorModule acceptor("mail", 2, "m", QString(), nullptr);
         module.append(&acceptor);
         QCOMPARE(acceptor.elementFromDonor("leaf"), leaf);
