@@ -221,16 +221,12 @@ private Q_SLOTS:
             PluginDialog *dialog = nullptr;
             for (QWidget *widget : QApplication::topLevelWidgets())
                 dialog = dialog ? dialog : qobject_cast<PluginDialog *>(widget);
-            answerNext<QFileDialog>(
-                [then = then, dir = then == "change sub" ? subDir : dir](QFileDialog *files) {
-                    files->setDirectory(dir);
-                    if (then == "change cancel")
-                        files->reject();
-                    else
-                        QMetaObject::invokeMethod(files, "accept"); // protected in QFileDialog
-                });
-            dialog->findChild<QPushButton *>("_changePushButton")->click();
             dir = then == "change sub" ? subDir : dir;
+            answerNext<QFileDialog>([cancel = then == "change cancel", dir](QFileDialog *files) {
+                files->setDirectory(dir);
+                QMetaObject::invokeMethod(files, cancel ? "reject" : "accept"); // accept: protected
+            });
+            dialog->findChild<QPushButton *>("_changePushButton")->click();
             QCOMPARE(dialog->findChild<QLineEdit *>("_pathLineEdit")->text(), dir);
             dialog->close();
             QSettings().remove("pluginDialog");
