@@ -107,7 +107,6 @@ private slots:
     void userSql_data();
     void userSql();
     void unexpectedUserListFails();
-    void allClustersWork();
     void realCluster();
 
 private:
@@ -205,18 +204,6 @@ void TestPgsqlManager::unexpectedUserListFails()
     FakeTools tools(" name \n------\n x\n(1 row)\n"); // another column than asked for
     std::unique_ptr<PgsqlCluster> cluster(PgsqlCluster::fromString("15 main 5433 online o /d /l"));
     QVERIFY_EXCEPTION_THROWN(cluster->usernames(), AppException);
-}
-
-void TestPgsqlManager::allClustersWork()
-{
-    FakeTools tools("");
-    std::unique_ptr<PgsqlCluster> up(PgsqlCluster::fromString("15 up 1 online o /d /l"));
-    std::unique_ptr<PgsqlCluster> down(PgsqlCluster::fromString("15 down 2 down o /d /l"));
-    QVERIFY(PgsqlManager::allClustersWork({}));
-    QVERIFY(PgsqlManager::allClustersWork({up.get()}));
-    QVERIFY(!PgsqlManager::allClustersWork({up.get(), down.get(), up.get()}));
-    // Stops at the first cluster that is down.
-    QCOMPARE(tools.log(), (QStringList {"15 up status", "15 up status", "15 down status"}));
 }
 
 void TestPgsqlManager::realCluster()
