@@ -5,6 +5,7 @@
 #include "readaccountstask.h"
 #include "readunitstask.h"
 #include "system/appexception.h"
+#include "systemtest.h"
 #include "task/taskobserver.h"
 #include "task/thread.h"
 #include "tasksmodule.h"
@@ -12,8 +13,9 @@
 #include "widgets/previewdialog.h"
 
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QtTest>
+
+using namespace OvtTest;
 
 // The reading code of the example plug-ins against fixture files and real command output.
 class TestExamplePlugins : public QObject
@@ -21,78 +23,61 @@ class TestExamplePlugins : public QObject
     Q_OBJECT
 
 private slots:
-    void readsUsers_data()
+    void reads_data()
     {
-        QTest::addColumn<QString>("passwd");
-        QTest::addColumn<QStringList>("expected"); // user uid gid gecos home shell isLogin
-        QTest::newRow("login and system account")
-            << "alice:x:1000:1000:Alice A,1,2,3:/home/alice:/bin/bash\n"
-               "daemon:x:1:1:daemon:/usr/sbin:/usr/sbin/nologin\n"
-            << QStringList {"alice 1000 1000 Alice A,1,2,3 /home/alice /bin/bash true",
-                            "daemon 1 1 daemon /usr/sbin /usr/sbin/nologin false"};
-        QTest::newRow("empty gecos and odd names") << "-rf:x:5:5::/:/bin/sh\n"
-                                                   << QStringList {"-rf 5 5  / /bin/sh true"};
-        QTest::newRow("empty file") << "" << QStringList();
+        // The file read ("units": systemctl's output parsed); its text ("<missing>": none); the
+        // records, values ':' apart (of accounts in key order; "!": an exception).
+        table();
+        row("login and system account",
+            "passwd; alice:x:1000:1000:Alice A,1,2,3:/home/alice:/bin/bash\\n"
+            "daemon:x:1:1:daemon:/usr/sbin:/usr/sbin/nologin\\n;"
+            "Alice A,1,2,3:1000:/home/alice:true:/bin/bash:1000:alice "
+            "daemon:1:/usr/sbin:false:/usr/sbin/nologin:1:daemon");
+        row("empty gecos and odd names",
+            "passwd; -rf:x:5:5::/:/bin/sh\\n; :5:/:true:/bin/sh:5:-rf");
+        row("empty file", "passwd;;");
+        row("missing users", "passwd; <missing>; !");
+        row("groups", "group; sudo:x:27:alice,bob\\nusers:x:100:\\n; 27:alice,bob:sudo 100::users");
+        row("missing groups", "group; <missing>; !");
+        row("running and dead",
+            "units; cron.service loaded active running Regular daemon\\n"
+            "ssh.service loaded inactive dead OpenBSD Secure Shell server\\n;"
+            "cron.service:true:active (running):Regular daemon "
+            "ssh.service:false:inactive (dead):OpenBSD Secure Shell server");
+        row("failed unit with a bullet, blank and short lines",
+            "units; \u25cf x.service not-found failed failed x.service\\n\\n  short line\\n;"
+            "x.service:false:failed (failed):x.service");
     }
 
-    void readsUsers()
+    void reads()
     {
-        QFETCH(QString, passwd);
-        QFETCH(QStringList, expected);
-        const QString path = write("passwd", passwd);
-        const QString shells = write("shells", "# login shells\n/bin/bash\n/bin/sh\n");
+        const auto [kind, input, expected] = fields<3>();
+        const QString text = QString(input).replace("\\n", "\n");
+        const QString path = _dir.filePath(input == "<missing>" ? "none" : kind);
+        const QString shells = _dir.filePath("shells");
+        QVERIFY(input == "<missing>" || writeFile(path, text.toUtf8()));
+        QVERIFY(writeFile(shells, "# login shells\n/bin/bash\n/bin/sh\n"));
         QStringList read;
-        for (const ElementData &r : ReadAccountsTask::readUsers(path, shells))
-            read << QStringList {r["user"].toString(),   r["uid"].toString(),
-                                 r["gid"].toString(),    r["gecos"].toString(),
-                                 r["home"].toString(),   r["shell"].toString(),
-                                 r["isLogin"].toString()}
-                        .join(' ');
-        QCOMPARE(read, expected);
-    }
-
-    void readsGroups()
-    {
-        const QString path = write("group", "sudo:x:27:alice,bob\nusers:x:100:\n");
-        QStringList read;
-        for (const ElementData &r : ReadAccountsTask::readGroups(path))
-            read << r["name"].toString() + ' ' + r["gid"].toString() + ' '
-                    + r["members"].toStringList().join(',');
-        QCOMPARE(read, (QStringList {"sudo 27 alice,bob", "users 100 "}));
-    }
-
-    void missingDatabaseThrows()
-    {
-        QVERIFY_EXCEPTION_THROWN(ReadAccountsTask::readUsers(_dir.filePath("none")), AppException);
-        QVERIFY_EXCEPTION_THROWN(ReadAccountsTask::readGroups(_dir.filePath("none")), AppException);
-    }
-
-    void parsesUnits_data()
-    {
-        QTest::addColumn<QString>("output");
-        QTest::addColumn<QStringList>("expected"); // name state textState description
-        QTest::newRow("running and dead")
-            << "cron.service loaded active running Regular background program processing daemon\n"
-               "ssh.service loaded inactive dead OpenBSD Secure Shell server\n"
-            << QStringList {"cron.service|true|active (running)|Regular background program "
-                            "processing daemon",
-                            "ssh.service|false|inactive (dead)|OpenBSD Secure Shell server"};
-        QTest::newRow("failed unit with a bullet, blank and short lines")
-            << "\u25cf x.service not-found failed failed x.service\n\n  short line\n"
-            << QStringList {"x.service|false|failed (failed)|x.service"};
-    }
-
-    void parsesUnits()
-    {
-        QFETCH(QString, output);
-        QFETCH(QStringList, expected);
-        QStringList parsed;
-        for (const ReadUnitsTask::Unit &unit : ReadUnitsTask::parseUnits(output))
-            parsed << QStringList {unit.name, QVariant(unit.record.state()).toString(),
-                                   unit.record.textState(),
-                                   unit.record.value("description").toString()}
-                          .join('|');
-        QCOMPARE(parsed, expected);
+        for (const ReadUnitsTask::Unit &unit :
+             ReadUnitsTask::parseUnits(kind == "units" ? text : ""))
+            read << QStringList {unit.name, QVariant(unit.record.state()).toString(),
+                                 unit.record.textState(),
+                                 unit.record.value("description").toString()}
+                        .join(':');
+        try {
+            for (const ElementData &r : kind == "group" ? ReadAccountsTask::readGroups(path)
+                     : kind == "passwd"                 ? ReadAccountsTask::readUsers(path, shells)
+                                                        : QVector<ElementData>()) {
+                QStringList values; // in key order
+                for (const QVariant &v : r)
+                    values << (v.type() == QVariant::StringList ? v.toStringList().join(',')
+                                                                : v.toString());
+                read << values.join(':');
+            }
+        } catch (const AppException &) {
+            read << "!";
+        }
+        QCOMPARE(read.join(' '), expected);
     }
 
     void printsTheElementList()
@@ -109,10 +94,7 @@ private slots:
         root.append({examples, new AccountElement(module, record)});
         ElementWidget *widget = module.elementWidget(examples->elementType());
         widget->setElement(examples, ViewEditRole);
-        for (QPushButton *button : widget->findChildren<QPushButton *>()) {
-            if (button->text().contains("Print"))
-                button->click();
-        }
+        widget->findChild<QPushButton *>("_printPreview")->click();
         QTRY_VERIFY(PreviewDialog::instance()->isVisible());
         const QString html = PreviewDialog::instance()->html();
         QVERIFY2(html.contains("Examples") && html.contains("&lt;b&gt;&amp;\"x"), qPrintable(html));
@@ -120,14 +102,6 @@ private slots:
     }
 
 private:
-    QString write(const QString &name, const QString &text)
-    {
-        QFile file(_dir.filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(text.toUtf8()) != text.toUtf8().size())
-            qFatal("cannot write the fixture %s", qPrintable(file.fileName()));
-        return file.fileName();
-    }
-
     QTemporaryDir _dir;
 };
 

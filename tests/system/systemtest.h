@@ -5,13 +5,8 @@
 
 #include "treestring.h"
 
-#include <QFile>
-#include <QProcess>
-#include <QString>
-#include <QStringList>
+#include <QtCore>
 
-#include <cerrno>
-#include <cstring>
 #include <sched.h>
 #include <sys/mount.h>
 #include <unistd.h>
@@ -45,7 +40,7 @@ inline bool writeFile(const QString &path, const QByteArray &bytes)
 inline QByteArray readFile(const QString &path)
 {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : "<unreadable>";
 }
 
 // Enters a mount namespace whose mounts propagate nowhere, so a test can mount over system
@@ -56,16 +51,6 @@ inline QString enterPrivateMountNamespace()
         return QStringLiteral("needs root to create a private mount namespace");
     if (unshare(CLONE_NEWNS) != 0
         || mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0)
-        return QStringLiteral("private mount namespace: %1")
-            .arg(QString::fromLocal8Bit(strerror(errno)));
+        return "private mount namespace: " + QString::fromLocal8Bit(strerror(errno));
     return QString();
-}
-
-// Runs @p command as the unprivileged user "nobody"; true when it succeeded. Needs root.
-inline bool asNobody(const QStringList &command)
-{
-    return QProcess::execute("setpriv",
-                             QStringList {"--reuid=nobody", "--regid=nogroup", "--clear-groups"}
-                                 + command)
-        == 0;
 }

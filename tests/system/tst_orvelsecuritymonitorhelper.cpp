@@ -5,17 +5,12 @@
 #include "system/switchwidget.h"
 #include "systemtest.h"
 
-#include <QApplication>
-#include <QCheckBox>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QLabel>
-#include <QMessageBox>
-#include <QTemporaryDir>
-#include <QTimer>
 #include <QtTest>
+#include <QtWidgets>
 
 #include <stdexcept>
+
+using namespace OvtTest;
 
 namespace {
 
@@ -32,36 +27,45 @@ QString describe(const QMap<SwitchGroup, SwitchWidget *> &map)
         }
         auto *check = w->findChild<QCheckBox *>("controlChB");
         auto *label = w->findChild<QLabel *>("extraLbl");
-        s += w->getId() + ' ' + check->text() + ' ' + check->toolTip() + ' ' + w->getScript();
-        s += (label->isHidden() ? "" : " extra=" + label->text())
-            + (w->haveSlave() ? " slave=" + w->getSlaveId() : "");
-        s += check->isEnabled() ? "" : " gray";
+        s += w->getId() + ' ' + check->text() + ' ' + check->toolTip() + ' ' + w->getScript()
+            + (label->isHidden() ? "" : " extra=" + label->text())
+            + (w->haveSlave() ? " slave=" + w->getSlaveId() : "")
+            + (check->isEnabled() ? "" : " gray");
         w->setCheckedForced(true); // from off to on
         s += w->needReboot() ? " rebootOn" : "";
         w->setChecked(true);
         w->setCheckedForced(false); // from on to off
         parts << s + (w->needReboot() ? " rebootOff" : "");
     }
-    return parts.join("; ");
+    return parts.join(" | ");
 }
 
-// A switch with the required keys (script "s" and the id), changed by @p more, without @p drop.
-QByteArray sw(const QJsonObject &more = {}, double id = 7, const QString &drop = {})
+// @p json, quoted with ', with each "@ID{MORE}" replaced by a switch with the required keys
+// (script "sID") changed by the JSON object MORE (optional).
+QByteArray expand(QString json)
 {
-    QJsonObject o {
-        {"id", id}, {"name", "n"}, {"longname", "Long"}, {"script", "s" + QString::number(id)}};
-    for (auto it = more.begin(); it != more.end(); ++it)
-        o.insert(it.key(), *it);
-    o.remove(drop);
-    return QJsonDocument(o).toJson(QJsonDocument::Compact);
+    json.replace('\'', '"');
+    static const QRegularExpression at("@([\\d.]+)(\\{[^}]*\\})?");
+    for (QRegularExpressionMatch m; (m = at.match(json)).hasMatch();) {
+        QJsonObject o {{"id", m.captured(1).toDouble()},
+                       {"name", "n"},
+                       {"longname", "Long"},
+                       {"script", "s" + QString::number(m.captured(1).toDouble())}};
+        const QJsonObject more = QJsonDocument::fromJson(m.captured(2).toUtf8()).object();
+        for (auto it = more.begin(); it != more.end(); ++it)
+            o.insert(it.key(), *it);
+        json.replace(m.capturedStart(), m.capturedLength(),
+                     QJsonDocument(o).toJson(QJsonDocument::Compact));
+    }
+    return json.toUtf8();
 }
 
-QString skipReason, monitorDir; // set by main()
+QString skipReason; // set by main()
 QTemporaryDir outputDir;
 
-void setOutput(const QByteArray &json)
+void setOutput(const QString &json)
 {
-    QVERIFY(writeFile(outputDir.filePath("out"), json));
+    QVERIFY(writeFile(outputDir.filePath("out"), expand(json)));
 }
 
 } // namespace
@@ -71,218 +75,152 @@ class TestOrvelSecurityMonitorHelper : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init();
-    void constructionFailureIsShownAndLeavesNoSwitches();
-    void switches_data();
-    void switches();
-    void call_data();
-    void call();
-    void reloadKeepsPreviousSwitchesOnFailure();
-};
+    void initTestCase()
+    {
+        if (!skipReason.isEmpty())
+            QSKIP(qPrintable(skipReason));
+        qputenv("OVT_MONITOR_OUTPUT", QFile::encodeName(outputDir.filePath("out")));
+    }
 
-void TestOrvelSecurityMonitorHelper::initTestCase()
-{
-    if (!skipReason.isEmpty())
-        QSKIP(qPrintable(skipReason));
-    qputenv("OVT_MONITOR_OUTPUT", QFile::encodeName(outputDir.filePath("out")));
-}
+    void init()
+    {
+        qputenv("OVT_MONITOR_MODE", "");
+        setOutput("[]");
+    }
 
-void TestOrvelSecurityMonitorHelper::init()
-{
-    qputenv("OVT_MONITOR_MODE", "");
-    setOutput("[]");
-}
+    void constructionFailureIsShownAndLeavesNoSwitches()
+    {
+        // The instance's first call, made while it is created, fails.
+        qputenv("OVT_MONITOR_MODE", "fail");
+        QString shown;
+        QTimer closer;
+        connect(&closer, &QTimer::timeout, this, [&] {
+            if (auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) {
+                shown = box->windowTitle() + '|' + box->text();
+                QCOMPARE(box->standardButtons(), QMessageBox::StandardButtons(QMessageBox::Ok));
+                box->button(QMessageBox::Ok)->click();
+            }
+        });
+        closer.start(10);
+        OrvelSecurityMonitorHelper &helper = OrvelSecurityMonitorHelper::instance();
+        closer.stop();
+        QCOMPARE(shown,
+                 "Security options|Failed to load security options .\n"
+                 "orvel-security-monitor finished with unexpected code: 3");
+        QVERIFY(helper.getSwitches().isEmpty());
+    }
 
-void TestOrvelSecurityMonitorHelper::constructionFailureIsShownAndLeavesNoSwitches()
-{
-    // The instance's first call, made while it is created, fails.
-    qputenv("OVT_MONITOR_MODE", "fail");
-    QString shown;
-    QTimer closer;
-    connect(&closer, &QTimer::timeout, this, [&] {
-        if (auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) {
-            shown = box->windowTitle() + '|' + box->text();
-            QCOMPARE(box->standardButtons(), QMessageBox::StandardButtons(QMessageBox::Ok));
-            box->button(QMessageBox::Ok)->click();
+    void switches_data()
+    {
+        // The monitor's output (see expand()), or "!" and the monitor's mode; the switches
+        // described, or "!" and the error.
+        table();
+        row("empty array", "[];");
+        row("required keys, unknown key ignored", "[@7{'colour':'red'}]; System:7 Long Long s7");
+        row("id in six digits", "[@1234567]; System:1.23457e+06 Long Long s1.23457e+06");
+        row("tooltip, extra, slave like the id",
+            "[@7{'tooltip':'T','extra':'X','slave':12}]; System:7 Long T s7 extra=X slave=12");
+        row("empty tooltip: the long name", "[@7{'tooltip':''}]; System:7 Long Long s7");
+        row("gray: disabled", "[@7{'gray':0.5}]; System:7 Long Long s7 gray");
+        row("reboot on enabling", "[@7{'enableNeedReboot':1}]; System:7 Long Long s7 rebootOn");
+        row("reboot on disabling",
+            "[@7{'enableNeedReboot':0,'disableNeedReboot':1}];"
+            "System:7 Long Long s7 rebootOff");
+        row("group Console is System", "[@7{'group':'Console'}]; System:7 Long Long s7");
+        row("console first, groups reversed",
+            "[@1,@2,@3{'group':'console'},@4{'group':'console'}];"
+            "Console:4 Long Long s4 | Console:3 Long Long s3 | System:2 Long Long s2 | System:1 "
+            "Long Long s1");
+        // The builder refuses a switch without name, long name or script.
+        row("empty name: null entry", "[@7{'name':''}]; System:null");
+        row("empty long name: null entry", "[@7{'longname':''}]; System:null");
+        row("empty script: null entry", "[@7{'script':''}]; System:null");
+        row("rejected record leaks nothing into the next",
+            "[@1{'name':'','extra':'X','slave':9,'gray':1,'enableNeedReboot':1},@2];"
+            "System:2 Long Long s2 | System:null");
+        // Errors. Each key's own reader and message, as the parser gives them, is compared
+        // against a reference by the fuzz target's corpus.
+        QJsonParseError error;
+        QJsonDocument::fromJson("[", &error);
+        row("not JSON", "[; !Json parse error:\n" + error.errorString());
+        row("object, not array", "{}; !Expected json array");
+        row("bad element after a good one", "[@7,1]; !Expected json object");
+        // The monitor fails.
+        row("crash", "!crash; !Process crashed");
+        row("non-zero exit", "!fail; !orvel-security-monitor finished with unexpected code: 3");
+    }
+
+    void switches()
+    {
+        const auto [json, result] = fields<2>();
+        qputenv("OVT_MONITOR_MODE", json.startsWith('!') ? json.mid(1).toLatin1() : "");
+        setOutput(json);
+        const int widgetsBefore = QApplication::topLevelWidgets().size();
+        QString got;
+        try {
+            const auto map = OrvelSecurityMonitorHelper::instance().switches();
+            got = describe(map);
+            qDeleteAll(map);
+        } catch (const std::runtime_error &e) {
+            got = '!' + QString::fromUtf8(e.what());
         }
-    });
-    closer.start(10);
-    OrvelSecurityMonitorHelper &helper = OrvelSecurityMonitorHelper::instance();
-    closer.stop();
-
-    QCOMPARE(shown,
-             QStringLiteral("Security options|Failed to load security options .\n"
-                            "orvel-security-monitor finished with unexpected code: 3"));
-    QVERIFY(helper.getSwitches().isEmpty());
-    QCOMPARE(&OrvelSecurityMonitorHelper::instance(), &helper);
-}
-
-void TestOrvelSecurityMonitorHelper::switches_data()
-{
-    QTest::addColumn<QByteArray>("json");
-    QTest::addColumn<QString>("result"); // "!": the error message follows
-
-    const auto row = [](const char *name, const QByteArray &json, const QString &result) {
-        QTest::newRow(name) << json << result;
-    };
-    // One switch "7" changed by @p more; @p suffix follows the plain description.
-    const auto one = [&](const char *name, const QJsonObject &more, const QString &suffix) {
-        row(name, '[' + sw(more) + ']', "System:7 Long Long s7" + suffix);
-    };
-    const auto bad = [&](const char *key, const QJsonValue &value, const char *message) {
-        QTest::addRow("bad %s", key) << '[' + sw({{key, value}}) + ']' << QString('!') + message;
-    };
-    row("empty array", "[]", "");
-    one("required keys, unknown key ignored", {{"colour", "red"}}, "");
-    row("id in six digits", '[' + sw({}, 1234567) + ']',
-        "System:1.23457e+06 Long Long s1.23457e+06");
-    row("tooltip, extra, slave like the id",
-        '[' + sw({{"tooltip", "T"}, {"extra", "X"}, {"slave", 12}}) + ']',
-        "System:7 Long T s7 extra=X slave=12");
-    one("empty tooltip: the long name", {{"tooltip", ""}}, "");
-    one("gray 0.4 rounds to false", {{"gray", 0.4}}, "");
-    one("gray 0.5 rounds to true", {{"gray", 0.5}}, " gray");
-    one("gray -0.5 away from zero", {{"gray", -0.5}}, " gray");
-    one("reboot on enabling", {{"enableNeedReboot", 1}}, " rebootOn");
-    one("reboot on disabling", {{"enableNeedReboot", 0}, {"disableNeedReboot", 1}}, " rebootOff");
-    one("group Console is System", {{"group", "Console"}}, "");
-    row("console first, groups reversed",
-        '[' + sw({}, 1) + ',' + sw({}, 2) + ',' + sw({{"group", "console"}}, 3) + ','
-            + sw({{"group", "console"}}, 4) + ']',
-        "Console:4 Long Long s4; Console:3 Long Long s3; System:2 Long Long s2; System:1 Long Long "
-        "s1");
-    // The builder refuses a switch without name, long name or script.
-    for (const char *key : {"name", "longname", "script"})
-        QTest::addRow("empty %s: null entry", key) << '[' + sw({{key, ""}}) + ']' << "System:null";
-    row("rejected record leaks nothing into the next",
-        '['
-            + sw({{"name", ""}, {"extra", "X"}, {"slave", 9}, {"gray", 1}, {"enableNeedReboot", 1}},
-                 1)
-            + ',' + sw({}, 2) + ']',
-        "System:2 Long Long s2; System:null");
-    // Errors: every validation message, and each key through its own reader.
-    QJsonParseError error;
-    QJsonDocument::fromJson("[", &error);
-    row("not JSON", "[", "!Json parse error:\n" + error.errorString());
-    row("object, not array", "{}", "!Expected json array");
-    row("bad element after a good one", '[' + sw() + ",1]", "!Expected json object");
-    for (const char *key : {"id", "name", "longname", "script"})
-        row(qPrintable(QString("missing ") + key), '[' + sw({}, 7, key) + ']',
-            QString("!Json object should contain key '%1'").arg(key));
-    bad("id", "7", "Expected double");
-    bad("name", 2, "Expected string");
-    bad("longname", 2, "Expected string");
-    bad("script", QJsonValue::Null, "Expected string");
-    bad("extra", 1, "Expected string");
-    bad("tooltip", QJsonValue::Null, "Expected string");
-    bad("slave", "12", "Expected double");
-    bad("group", 0, "Expected string");
-    bad("gray", true, "Expected bool (0/1)");
-    bad("enableNeedReboot", "1", "Expected bool (0/1)");
-    bad("disableNeedReboot", false, "Expected bool (0/1)");
-}
-
-void TestOrvelSecurityMonitorHelper::switches()
-{
-    QFETCH(QByteArray, json);
-    QFETCH(QString, result);
-    setOutput(json);
-
-    const int widgetsBefore = QApplication::topLevelWidgets().size();
-    QString got;
-    try {
-        const QMap<SwitchGroup, SwitchWidget *> map
-            = OrvelSecurityMonitorHelper::instance().switches();
-        got = describe(map);
-        qDeleteAll(map);
-    } catch (const std::runtime_error &e) {
-        got = '!' + QString::fromUtf8(e.what());
+        QCOMPARE(got, result);
+        // Nothing is left half-built: every widget made went to the caller or was deleted.
+        QCOMPARE(QApplication::topLevelWidgets().size(), widgetsBefore);
     }
-    QCOMPARE(got, result);
-    // Nothing is left half-built: every widget made went to the caller or was deleted.
-    QCOMPARE(QApplication::topLevelWidgets().size(), widgetsBefore);
-}
 
-void TestOrvelSecurityMonitorHelper::call_data()
-{
-    QTest::addColumn<QByteArray>("mode");
-    QTest::addColumn<QString>("result"); // the output, or the error
-
-    QTest::newRow("arguments in, output out") << QByteArray("args") << "enable\n7\nwith blank\n";
-    QTest::newRow("crash") << QByteArray("crash") << "Process crashed";
-    QTest::newRow("non-zero exit")
-        << QByteArray("fail") << "orvel-security-monitor finished with unexpected code: 3";
-    QTest::newRow("no program") << QByteArray("missing")
-                                << "orvel-security-monitor finished with error:\n";
-}
-
-void TestOrvelSecurityMonitorHelper::call()
-{
-    QFETCH(QByteArray, mode);
-    QFETCH(QString, result);
-
-    const QString installed = monitorDir + "/orvel-security-monitor", aside = monitorDir + "/aside";
-    QVERIFY(mode != "missing" || QFile::rename(installed, aside));
-    qputenv("OVT_MONITOR_MODE", mode);
-    QString got;
-    try {
-        got = QString::fromUtf8(
-            OrvelSecurityMonitorHelper::instance().call({"enable", "7", "with blank"}, 10000));
-    } catch (const std::runtime_error &e) {
-        got = QString::fromUtf8(e.what());
+    void call()
+    {
+        qputenv("OVT_MONITOR_MODE", "args");
+        OrvelSecurityMonitorHelper &helper = OrvelSecurityMonitorHelper::instance();
+        QCOMPARE(helper.call({"enable", "7", "with blank"}, 10000), "enable\n7\nwith blank\n");
+        // Without the program, Qt's own reason follows the line feed.
+        QTemporaryDir empty;
+        QVERIFY(mount(QFile::encodeName(empty.path()), "/usr/sbin", nullptr, MS_BIND, nullptr)
+                == 0);
+        QString error;
+        try {
+            helper.call({}, 10000);
+        } catch (const std::runtime_error &e) {
+            error = e.what();
+        }
+        umount2("/usr/sbin", MNT_DETACH);
+        QVERIFY2(error.startsWith("orvel-security-monitor finished with error:\n")
+                     && !error.endsWith('\n'),
+                 qPrintable(error));
     }
-    QVERIFY(mode != "missing" || QFile::rename(aside, installed));
-    // For a missing program, Qt's own reason follows the line feed.
-    QVERIFY2(mode == "missing" ? got.startsWith(result) && got.size() > result.size()
-                               : got == result,
-             qPrintable(got));
-}
 
-void TestOrvelSecurityMonitorHelper::reloadKeepsPreviousSwitchesOnFailure()
-{
-    OrvelSecurityMonitorHelper &helper = OrvelSecurityMonitorHelper::instance();
-    setOutput('[' + sw({}, 1) + ',' + sw({{"group", "console"}}, 2) + ',' + sw({}, 3) + ','
-              + sw({{"name", ""}}, 4) + ']');
-    helper.reloadSwitches();
-    const QList<SwitchWidget *> loaded = helper.getSwitches();
-    QCOMPARE(loaded.size(), 4);
-    QCOMPARE(helper.getSwitches(SwitchGroup::Console).size(), 1);
-    // Null entries skipped; Console first, each group in reverse order.
-    QCOMPARE(helper.getScripts(), (QStringList {"s2", "s3", "s1"}));
-    QCOMPARE(helper.getScripts(SwitchGroup::System), (QStringList {"s3", "s1"}));
-
-    setOutput("{}");
-    QVERIFY_EXCEPTION_THROWN(helper.reloadSwitches(), std::runtime_error);
-    QCOMPARE(helper.getSwitches(), loaded);
-    setOutput("[]");
-    helper.reloadSwitches();
-    QVERIFY(helper.getSwitches().isEmpty());
-    qDeleteAll(loaded); // the helper never owned them
-}
+    void reloadKeepsPreviousSwitchesOnFailure()
+    {
+        OrvelSecurityMonitorHelper &helper = OrvelSecurityMonitorHelper::instance();
+        setOutput("[@1,@2{'group':'console'},@3,@4{'name':''}]");
+        helper.reloadSwitches();
+        const QList<SwitchWidget *> loaded = helper.getSwitches();
+        QCOMPARE(loaded.size(), 4);
+        QCOMPARE(helper.getSwitches(SwitchGroup::Console).size(), 1);
+        // Null entries skipped; Console first, each group in reverse order.
+        QCOMPARE(helper.getScripts(), (QStringList {"s2", "s3", "s1"}));
+        QCOMPARE(helper.getScripts(SwitchGroup::System), (QStringList {"s3", "s1"}));
+        setOutput("{}");
+        QVERIFY_EXCEPTION_THROWN(helper.reloadSwitches(), std::runtime_error);
+        QCOMPARE(helper.getSwitches(), loaded); // a failed reload loses nothing
+        setOutput("[]");
+        helper.reloadSwitches(); // the helper lets go of them
+        qDeleteAll(loaded); // the helper never owned them
+    }
+};
 
 int main(int argc, char *argv[])
 {
-    // The namespace must be entered while the process has a single thread.
+    // The namespace must be entered while the process has a single thread. In it the fixture's
+    // directory stands in for /usr/sbin, for this process alone.
     skipReason = enterPrivateMountNamespace();
-    QTemporaryDir dir("/tmp/ovt-monitor-XXXXXX");
-    monitorDir = dir.path();
-    const QString target = dir.filePath("orvel-security-monitor");
-    // A directory holding only the fixture stands in for /usr/sbin, for this process alone.
     if (skipReason.isEmpty()
-        && (!QFile::copy(OVT_FIXTURE_DIR "/monitor/orvel-security-monitor", target)
-            || !QFile::setPermissions(target, QFileDevice::ReadOwner | QFileDevice::ExeOwner)
-            || mount(QFile::encodeName(monitorDir).constData(), "/usr/sbin", nullptr, MS_BIND,
-                     nullptr)
-                != 0))
+        && mount(OVT_FIXTURE_DIR "/monitor", "/usr/sbin", nullptr, MS_BIND, nullptr) != 0)
         skipReason = "cannot put the fixture at /usr/sbin";
-
     QApplication app(argc, argv);
     TestOrvelSecurityMonitorHelper test;
-    const int result = QTest::qExec(&test, argc, argv);
-    if (skipReason.isEmpty())
-        umount2("/usr/sbin", MNT_DETACH);
-    return result;
+    return QTest::qExec(&test, argc, argv);
 }
 
 #include "tst_orvelsecuritymonitorhelper.moc"

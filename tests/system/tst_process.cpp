@@ -6,7 +6,6 @@
 #include "system/process.h"
 #include "systemtest.h"
 
-#include <QTemporaryDir>
 #include <QtTest>
 
 using namespace OvtTest;
@@ -23,9 +22,6 @@ private slots:
         const AppException copy = AppException(QStringLiteral("Paquet « introuvable »"));
         // what() must stay valid in copies: exceptions are copied when thrown.
         QCOMPARE(QByteArray(copy.what()), QStringLiteral("Paquet « introuvable »").toLocal8Bit());
-        // raise() stays QException's own: rethrown through a future, the type is lost on purpose.
-        QVERIFY_EXCEPTION_THROWN(
-            try { copy.raise(); } catch (const AppException &) {}, QException);
     }
 
     void simpleStart_data()
@@ -72,8 +68,8 @@ private slots:
 
     void isInstalled_data()
     {
-        // The name; the fake dpkg-query's output and exit code ("real": the real one, "missing":
-        // none on PATH); the result.
+        // The name; the fake dpkg-query's output and exit code ("real": the real one, which every
+        // Debian system has; "missing": none on PATH); the result.
         table();
         // dpkg itself is installed wherever dpkg-query runs.
         row("real: installed", "dpkg; real; 0; true");
@@ -91,8 +87,6 @@ private slots:
     {
         const auto [name, status, exitCode, result] = fields<4>();
         const bool fake = status != "real" && status != "missing";
-        if (status == "real" && QStandardPaths::findExecutable("dpkg-query").isEmpty())
-            QSKIP("dpkg-query is not installed on this machine");
         QTemporaryDir dir;
         const QString args = dir.filePath("args");
         EnvVar argsFile("OVT_FAKE_DPKG_ARGS", QFile::encodeName(args));

@@ -20,43 +20,34 @@
 int main(int argc, char **argv)
 {
     QApplication app(argc, argv);
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: consumer PLUGIN_DIR\n");
-        return 2;
-    }
+    if (argc != 2)
+        return 2; // usage: consumer PLUGIN_DIR
     // Under a Russian locale this shows whether the library found its catalogue.
     ConfRootTreeNode conf;
     std::printf("header=%s\n", qPrintable(conf.headerData(0, Qt::Horizontal).toString()));
-
-    QList<Thread *> workers;
-    for (int i = 0; i < 2; ++i) {
-        workers << new Thread;
-        workers.last()->start();
+    Thread workers[2];
+    for (Thread &worker : workers)
+        worker.start();
+    QWidget window;
+    TaskObserver::instance(&window);
+    auto *plugins = new PluginContainer(&window);
+    auto *elements = new ElementContainer(&window);
+    QObject::connect(plugins, &NodeContainer::nodeContainerReset, elements,
+                     &ElementContainer::pluginContainerReset);
+    plugins->loadPlugins(QString::fromLocal8Bit(argv[1]));
+    const QList<TreeNode *> top = elements->rootNode()->childNodes();
+    std::printf("plugins=%d modules=%d elements=%d\n", int(plugins->plugins().size()),
+                int(plugins->modules().size()), int(top.size()));
+    auto *folder = top.isEmpty() ? nullptr : qobject_cast<Element *>(top.first());
+    if (folder) {
+        folder->performOperation(ReadContentOperation, nullptr, 0);
+        // A bound, not a measurement: a task that never comes back fails the check.
+        const QDeadlineTimer deadline(60000);
+        while (folder->childNodesCount() == 0 && !deadline.hasExpired())
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+        std::printf("items=%d\n", folder->childNodesCount());
     }
-    int status = 1;
-    {
-        QWidget window;
-        TaskObserver::instance(&window);
-        auto *plugins = new PluginContainer(&window);
-        auto *elements = new ElementContainer(&window);
-        QObject::connect(plugins, &NodeContainer::nodeContainerReset, elements,
-                         &ElementContainer::pluginContainerReset);
-        plugins->loadPlugins(QString::fromLocal8Bit(argv[1]));
-        const QList<TreeNode *> top = elements->rootNode()->childNodes();
-        std::printf("plugins=%d modules=%d elements=%d\n", int(plugins->plugins().size()),
-                    int(plugins->modules().size()), int(top.size()));
-        auto *folder = top.isEmpty() ? nullptr : qobject_cast<Element *>(top.first());
-        if (folder) {
-            folder->performOperation(ReadContentOperation, nullptr, 0);
-            // A bound, not a measurement: a task that never comes back fails the check.
-            const QDeadlineTimer deadline(60000);
-            while (folder->childNodesCount() == 0 && !deadline.hasExpired())
-                QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
-            std::printf("items=%d\n", folder->childNodesCount());
-            status = folder->childNodesCount() > 0 ? 0 : 1;
-        }
-        delete plugins; // while the window is whole
-    }
-    qDeleteAll(workers);
+    const int status = folder && folder->childNodesCount() > 0 ? 0 : 1;
+    delete plugins; // while the window is whole
     return status;
 }
