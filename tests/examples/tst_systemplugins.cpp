@@ -176,9 +176,17 @@ private slots:
             name->setText(text), name->returnPressed();
         QTRY_VERIFY_WITH_TIMEOUT(child(cluster, "ovt_demo"), 60000);
         QCOMPARE(cluster->childNodesCount(), 2);
+        const auto roles = [&] { // as the server has them, not as the tree shows them
+            return run("runuser",
+                       {"-u", "postgres", "--", "psql", "-p", throwaway.line.section(' ', 2, 2),
+                        "-Atc", "select rolname from pg_roles"})
+                .split('\n');
+        };
+        QVERIFY(roles().contains("ovt_demo"));
         QVERIFY(loaded.form(child(cluster, "ovt_demo"))->findChild<QPushButton *>()->isEnabled());
         child(cluster, "ovt_demo")->performOperation(DeleteOperation, nullptr, 0);
         QTRY_VERIFY_WITH_TIMEOUT(!child(cluster, "ovt_demo"), 60000);
+        QVERIFY(roles().contains("postgres") && !roles().contains("ovt_demo"));
         QTRY_COMPARE(finished.count(), 5);
     }
 };
