@@ -171,8 +171,9 @@ private slots:
                                  60000);
         cluster->fetchMore();
         QTRY_VERIFY_WITH_TIMEOUT(child(cluster, "postgres"), 60000);
-        auto *name = loaded.form(cluster)->findChild<QLineEdit *>(); // the hostile name is refused
-        for (const char *text : {"bad name; drop role postgres", "ovt_demo"})
+        auto *name
+            = loaded.form(cluster)->findChild<QLineEdit *>(); // hostile: refused; padded: trimmed
+        for (const char *text : {"bad name; drop role postgres", " ovt_demo "})
             name->setText(text), name->returnPressed();
         QTRY_VERIFY_WITH_TIMEOUT(child(cluster, "ovt_demo"), 60000);
         QCOMPARE(cluster->childNodesCount(), 2);
