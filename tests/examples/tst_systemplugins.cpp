@@ -10,6 +10,7 @@
 #include "systemtest.h"
 #include "task/taskobserver.h"
 #include "task/thread.h"
+#include "throwawaycluster.h"
 #include "widgets/recordmodel.h"
 #include "widgets/recordwidget.h"
 #include "widgets/vieweditelementwidget.h"
@@ -33,14 +34,22 @@ struct Loaded : PluginContainer
         return nullptr;
     }
     // The element's form, read.
-    template<class Form = ElementWidget> Form *form(const QString &module, const QString &id)
+    template<class Form = ElementWidget> Form *form(Element *element)
     {
-        ElementWidget *widget = element(module, id)->elementWidget(ViewEditRole);
-        widget->setElement(element(module, id), ViewEditRole);
+        ElementWidget *widget = element->elementWidget(ViewEditRole);
+        widget->setElement(element, ViewEditRole);
         widget->read();
         return static_cast<Form *>(widget);
     }
 };
+
+Element *child(TreeNode *parent, const QString &title)
+{
+    for (TreeNode *node : parent->childNodes())
+        if (auto *element = qobject_cast<Element *>(node); element && element->title() == title)
+            return element;
+    return nullptr;
+}
 
 class TestSystemPlugins : public QObject
 {
@@ -92,7 +101,8 @@ private slots:
         QVERIFY(writeFile(path, file));
         EnvVar chosen("OVT_DEMO_CONFIG_FILE", QFile::encodeName(path));
         Loaded loaded;
-        auto *form = loaded.form<ViewEditElementWidget>("configEntries", "ConfigFile");
+        auto *form
+            = loaded.form<ViewEditElementWidget>(loaded.element("configEntries", "ConfigFile"));
         RecordModel *model = form->findChild<RecordWidget *>()->recordModel();
         watch(model);
         QTRY_COMPARE(model->rowCount(), 2);
@@ -135,13 +145,50 @@ private slots:
         EnvVar behaviour("OVT_MONITOR_MODE", mode.toLatin1());
         QVERIFY(mount(QFile::encodeName(sbin), "/usr/sbin", nullptr, MS_BIND, nullptr) == 0);
         Loaded loaded;
-        ElementWidget *form = loaded.form("security", "SecurityOptions");
+        ElementWidget *form = loaded.form(loaded.element("security", "SecurityOptions"));
         _monitorUsed = _monitorUsed || mode != "absent";
         umount2("/usr/sbin", MNT_DETACH);
         QCOMPARE(form->findChildren<SwitchWidget *>().size(), message.isEmpty() ? 2 : 0);
         const QString shown = form->findChild<QLabel *>()->text();
         // Reaching this line at all means no message box waited for a user.
         QVERIFY2(message.isEmpty() ? shown.isEmpty() : shown.contains(message), qPrintable(shown));
+    }
+
+    void postgresql()
+    {
+        ThrowawayCluster throwaway;
+        int code = 1;
+        const QString why = throwaway.created
+            ? run("pg_ctlcluster", {throwaway.version, throwaway.name, "start"}, &code)
+            : throwaway.error;
+        if (code != 0) // no server, or the machine's other clusters are in its way
+            QSKIP(qPrintable(why));
+        Loaded loaded;
+        QSignalSpy finished(TaskObserver::instance(), &TaskObserver::taskDataChanged);
+        Element *folder = loaded.element("postgresql", "PostgreSQL"), *cluster = nullptr;
+        folder->fetchMore();
+        QTRY_VERIFY_WITH_TIMEOUT(cluster = child(folder, throwaway.version + '/' + throwaway.name),
+                                 60000);
+        cluster->fetchMore();
+        QTRY_VERIFY_WITH_TIMEOUT(child(cluster, "postgres"), 60000);
+        auto *name
+            = loaded.form(cluster)->findChild<QLineEdit *>(); // hostile: refused; padded: trimmed
+        for (const char *text : {"bad name; drop role postgres", " ovt_demo "})
+            name->setText(text), name->returnPressed();
+        QTRY_VERIFY_WITH_TIMEOUT(child(cluster, "ovt_demo"), 60000);
+        QCOMPARE(cluster->childNodesCount(), 2);
+        const auto roles = [&] { // as the server has them, not as the tree shows them
+            return run("runuser",
+                       {"-u", "postgres", "--", "psql", "-p", throwaway.line.section(' ', 2, 2),
+                        "-Atc", "select rolname from pg_roles"})
+                .split('\n');
+        };
+        QVERIFY(roles().contains("ovt_demo"));
+        QVERIFY(loaded.form(child(cluster, "ovt_demo"))->findChild<QPushButton *>()->isEnabled());
+        child(cluster, "ovt_demo")->performOperation(DeleteOperation, nullptr, 0);
+        QTRY_VERIFY_WITH_TIMEOUT(!child(cluster, "ovt_demo"), 60000);
+        QVERIFY(roles().contains("postgres") && !roles().contains("ovt_demo"));
+        QTRY_COMPARE(finished.count(), 5);
     }
 };
 
