@@ -189,8 +189,7 @@ private Q_SLOTS:
 
         NodesElementWidget nodes(QStringLiteral("users"), *_module, &Module::defaultTrue);
         OvtTest::watch(nodes.proxyModel());
-        nodes.setElement(_module->users, ViewEditRole);
-        nodes.show(); // in the tree's order, unsorted
+        nodes.setElement(_module->users, ViewEditRole), nodes.show(); // the tree's order kept
         QCOMPARE(OvtTest::modelToString(nodes.proxyModel()), QStringLiteral("[alice bob a.b axb]"));
     }
     void filter_data()
@@ -199,7 +198,6 @@ private Q_SLOTS:
         OvtTest::row("wildcard searches every shown column", "0; *ash; alice axb");
         OvtTest::row("fixed string: a dot is a dot", "2; a.b; a.b");
         OvtTest::row("regexp: a dot is any character", "1; a.b; a.b axb");
-        OvtTest::row("unfinished regexp hides nothing", "1; (a; a.b alice axb bob");
     }
     void filter()
     {
@@ -208,11 +206,9 @@ private Q_SLOTS:
         _list->patternTypeComboBox()->setCurrentIndex(type.toInt());
         QTest::keyClicks(_list->patternLineEdit(), pattern);
         QCOMPARE(rows(), "[" + shown + "]");
-        // Hidden, the list keeps pattern and type; shown again, it filters the same
-        _list->hide();
-        const QSettings kept;
-        QCOMPARE(kept.value("elementsElementWidget/usersFilterType").toString() + ' '
-                     + kept.value("elementsElementWidget/usersFilterValue").toString(),
+        _list->hide(); // keeps pattern and type; shown again, it filters the same
+        QCOMPARE(QSettings().value("elementsElementWidget/usersFilterType").toString() + ' '
+                     + QSettings().value("elementsElementWidget/usersFilterValue").toString(),
                  type + ' ' + pattern);
         _list->patternLineEdit()->clear();
         _list->patternTypeComboBox()->setCurrentIndex(0);
