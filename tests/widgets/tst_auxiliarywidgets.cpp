@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "treestring.h"
+#include "widgets/configurecheckmodel.h"
 #include "widgets/gecosdialog.h"
 #include "widgets/loginpassworddialog.h"
 #include "widgets/multichecktreeview.h"
@@ -17,6 +18,39 @@ class tst_AuxiliaryWidgets : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    // Items a, b and c, where b and c exclude each other and only a is described.
+    void checkList_data()
+    {
+        table(); // loaded with the checked or the unchecked; checked +, unchecked -, greyed out x
+        row("the checked given", "checked a; a+ b- c-");
+        row("the unchecked given", "unchecked c; a+ b+ c-x");
+        row("a loaded conflict stays, greyed out", "checked b c; a- b+x c+x");
+    }
+
+    void checkList()
+    {
+        const auto [loaded, expected] = fields<2>();
+        ConfigureCheckModel model;
+        watch(&model);
+        model.setInCmpatibleModes({1 * 3 + 2});
+        model.setDescriptions({"only a"});
+        const QStringList given = words(loaded).mid(1);
+        (model
+         .*(loaded.startsWith("checked") ? &CheckMiscModel::setDataChecked
+                                         : &CheckMiscModel::setDataUnchecked))(
+            {"a", "b", "c"}, QSet<QString>(given.begin(), given.end()));
+        QStringList states;
+        for (int row = 0; row < 3; ++row) {
+            const QString name = model.index(row, 0).data().toString();
+            states << name + (model.checkedData().contains(name) ? "+" : "")
+                    + (model.uncheckedData().contains(name) ? "-" : "")
+                    + (model.index(row, 0).data(Qt::CheckStateRole).isValid() ? "" : "x");
+        }
+        QCOMPARE(states.join(' '), expected);
+        QCOMPARE(model.index(0, 0).data(Qt::UserRole), QVariant("only a"));
+        QVERIFY(!model.index(1, 0).data(Qt::UserRole).isValid() && !model.checkCompatible(0, 3));
+    }
+
     void multiCheckTree_data()
     {
         table();

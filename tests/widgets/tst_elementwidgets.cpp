@@ -11,6 +11,7 @@
 #include "widgets/elementtreeview.h"
 #include "widgets/elementwidgetcontainer2.h"
 #include "widgets/listwidgetproxymodel.h"
+#include "widgets/nodeselementwidget.h"
 #include "widgets/supplementelementselementwidget.h"
 #include "widgets/vieweditelementwidget.h"
 
@@ -165,6 +166,7 @@ private Q_SLOTS:
     {
         QCoreApplication::setOrganizationName(QStringLiteral("ovt-test"));
         QCoreApplication::setApplicationName(QStringLiteral("tst_elementwidgets"));
+        _module.reset(); // a shown list saves its settings as it goes
         QSettings().clear();
         _module = std::make_unique<UsersModule>();
         _list = static_cast<ElementsElementWidget *>(_module->elementWidget("users"));
@@ -184,6 +186,34 @@ private Q_SLOTS:
         QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(bob).center());
         QVERIFY(current.count() == 1 && current.at(0).at(0).value<TreeNode *>() == user(1));
         QVERIFY(view->selectionModel()->selectedIndexes().isEmpty());
+
+        NodesElementWidget nodes(QStringLiteral("users"), *_module, &Module::defaultTrue);
+        OvtTest::watch(nodes.proxyModel());
+        nodes.setElement(_module->users, ViewEditRole), nodes.show(); // the tree's order kept
+        QCOMPARE(OvtTest::modelToString(nodes.proxyModel()), QStringLiteral("[alice bob a.b axb]"));
+    }
+    void filter_data()
+    {
+        OvtTest::table(); // pattern type; pattern; the logins shown
+        OvtTest::row("wildcard searches every shown column", "0; *ash; alice axb");
+        OvtTest::row("fixed string: no wildcard or regexp", "2; a.*; ");
+        OvtTest::row("regexp: a dot is any character", "1; a.b; a.b axb");
+    }
+    void filter()
+    {
+        const auto [type, pattern, shown] = OvtTest::fields<3>();
+        showList();
+        _list->patternTypeComboBox()->setCurrentIndex(type.toInt());
+        QTest::keyClicks(_list->patternLineEdit(), pattern);
+        QCOMPARE(rows(), "[" + shown + "]");
+        _list->hide(); // keeps pattern and type; shown again, it filters the same
+        QCOMPARE(QSettings().value("elementsElementWidget/usersFilterType").toString() + ' '
+                     + QSettings().value("elementsElementWidget/usersFilterValue").toString(),
+                 type + ' ' + pattern);
+        _list->patternLineEdit()->clear();
+        _list->patternTypeComboBox()->setCurrentIndex(0);
+        _list->show();
+        QCOMPARE(rows(), "[" + shown + "]");
     }
     void activation_data()
     {

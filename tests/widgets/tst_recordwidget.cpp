@@ -78,6 +78,10 @@ private Q_SLOTS:
         row("remove inside", "A B C D; remove 1 2; 1; [A D]");
         row("a refused edit", "A,b; edit 0 bad; 0; [A]");
         row("an edit redraws its whole row", "A,b B,c; edit 1 h; 1; [A B] dataChanged(B,0,B,2)");
+        row("all records valid", "A B; valid; 1; [A B]");
+        row("a record not valid", "A ,c; valid; 0; [A ]");
+        row("no records are not valid", "; valid; 0; []");
+        row("disabled, no row is enabled", "A; disable; 0; [A]");
         row("the filter proxy searches every column",
             "alice,db bob,web carol,x; filter w.b; 1; [bob]");
         row("an unfinished pattern hides nothing", "alice,db bob,web; filter (; 1; [alice bob]");
@@ -98,6 +102,11 @@ private Q_SLOTS:
             changed = records->removeRows(args.at(1).toInt(), args.at(2).toInt());
         else if (args.first() == "edit")
             changed = records->setData(records->index(args.at(1).toInt(), 1), args.at(2));
+        else if (args.first() == "valid")
+            changed = records->allRecordsValid();
+        else if (args.first() == "disable")
+            changed = (records->setEnabled(false),
+                       records->flags(records->index(0, 0)) & Qt::ItemIsEnabled);
         else if (args.first() == "filter")
             proxy.setSourceModel(records.get()), proxy.setFilterRegExp(args.at(1));
         else
