@@ -5,8 +5,13 @@
 #include "element/servicelightelementdata.h"
 #include "plugin/module.h"
 #include "task/controlservicetask.h"
+#include "task/createtask.h"
+#include "task/deletetask.h"
 #include "task/dummytask.h"
+#include "task/exportwidgettask.h"
+#include "task/importtask.h"
 #include "task/printwidgettask.h"
+#include "task/readcontenttask.h"
 #include "task/readpropertylightservicetask.h"
 #include "task/reloadservicetask.h"
 #include "task/restartservicetask.h"
@@ -15,6 +20,7 @@
 #include "task/stopservicetask.h"
 #include "task/taskobserver.h"
 #include "task/taskobservermodel.h"
+#include "task/updatetask.h"
 #include "testtasks.h"
 #include "treestring.h"
 #include "widgets/previewdialog.h"
@@ -47,10 +53,26 @@ public:
     QString caption() const override { return title(); }
 };
 
-// A kind as plug-ins derive it; a user given to a ServiceTask puts the command word last.
+struct Form : ViewEditElementWidget
+{
+    explicit Form(Module &module)
+        : ViewEditElementWidget(module, &Module::defaultTrue)
+    {
+        _elementType = QStringLiteral("item");
+    }
+};
+
+// A kind as plug-ins derive it, scripted or running a program; a user given to a ServiceTask puts
+// the command word last.
 template<class Kind> class Fixture : public Kind
 {
 public:
+    template<class... Args>
+    Fixture(ElementData *data, Args... args)
+        : Kind(args...)
+    {
+        this->_elementData = data;
+    }
     Fixture(Element *element, const QString &program, const QStringList &arguments,
             const QString &user)
         : Kind(element)
@@ -76,7 +98,10 @@ public:
     explicit FixtureModule(const QString &paranoid)
         : Module(QStringLiteral("fixture"), nullptr, false)
     {
-        _moduleData->insert(QStringLiteral("paranoid"), paranoid == "on"); // not the stored one
+        _moduleData->insert(QStringLiteral("paranoid"), false); // not the stored one
+        if (paranoid == "-")
+            _moduleData->remove(QStringLiteral("paranoid"));
+        setData(1, paranoid == "on" ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole);
     }
     void performOperation(ContextOperation *context, OperationType type, ElementData *data,
                           int) override
@@ -85,13 +110,15 @@ public:
                                         "readLight", "read",    "update", "delete"};
         fixtureLog << names.value(qCountTrailingZeroBits(quint64(type)), "op") + "("
                 + (data ? data->name() : "null") + ")";
-        if (AbstractTask *task = build(context->elementContext(), type))
-            TaskObserver::instance()->performTask(task);
-        else
+        if (AbstractTask *task = build(context->elementContext(), type, data)) {
+            task->taskDescription().setStatus(std::exchange(outcome, TaskDescription::Success));
+            TaskObserver::instance()->performTask(task); // kinds that run a program set their own
+        } else
             delete data;
     }
 
-    std::function<AbstractTask *(Element *, quint64)> build;
+    std::function<AbstractTask *(Element *, quint64, ElementData *)> build;
+    TaskDescription::TaskStatus outcome = TaskDescription::Success; // of the next task only
 };
 
 } // namespace
@@ -133,6 +160,81 @@ private slots:
     {
         fixtureLog.clear();
         QFile::remove(_dir.filePath("argv"));
+    }
+
+    void elementTasks_data()
+    {
+        // operation (on box, from update on its child a); paranoid (on, off, - absent); outcome;
+        // log | box
+        table();
+        row("create paranoid",
+            "create;on;ok;create(b) success readContent(b) success current(b) | a b");
+        row("create paranoid failed",
+            "create;on;fail;create(b) fail readContent(null) success | a b");
+        row("create", "create;off;ok;create(b) success content0 | a b");
+        row("create failed", "create;off;fail;create(b) fail | a b");
+        row("readContent absent", "readContent;-;ok;readContent(b) success | a b");
+        row("update absent", "update;-;ok;update(b) success read(null) | a b");
+        row("update paranoid failed", "update;on;fail;update(b) fail read(null) | a b");
+        row("update", "update;off;ok;update(b) success content0 | a b");
+        row("update failed", "update;off;fail;update(b) fail | a b");
+        row("delete paranoid", "delete;on;ok;delete(b) success current(box) | a b");
+        row("delete", "delete;off;ok;delete(b) success current(box) removed(null) | b");
+        row("delete failed", "delete;off;fail;delete(b) fail | a b");
+        row("import", "import;off;ok;op(b) success content3 | a b");
+        row("import failed", "import;off;fail;op(b) fail | a b");
+        row("export", "export;off;ok;op(b) success Export | a b");
+        row("export failed", "export;off;fail;op(b) fail | a b");
+    }
+
+    void elementTasks()
+    {
+        const auto [operation, paranoid, outcome, expected] = fields<4>();
+        FixtureModule module(paranoid);
+        auto *box = new Item(module, QStringLiteral("box"));
+        auto *form = new Form(module);
+        module.insertElementWidget(form);
+        form->changeContent();
+        connect(form, &ViewEditElementWidget::contentChanged,
+                [](int state) { fixtureLog << "content" + QString::number(state); });
+        connect(box, &TreeNode::setCurrentNode, this, [](TreeNode *node) {
+            fixtureLog << "current(" + static_cast<Element *>(node)->title() + ")";
+        });
+        QTimer closer; // closes the box of a finished export, logging its title
+        connect(&closer, &QTimer::timeout, [] {
+            if (QWidget *box = QApplication::activeModalWidget();
+                box && box->inherits("QMessageBox") && box->close())
+                fixtureLog << box->windowTitle();
+        });
+        closer.start(20);
+        module.build = [&](Element *e, quint64 type, ElementData *d) -> AbstractTask * {
+            switch (type) {
+            case CreateOperation:
+                return new Fixture<CreateTask>(d, e, nullptr);
+            case UpdateOperation:
+                return new Fixture<UpdateTask>(d, e, nullptr);
+            case ReadContentOperation:
+                return new Fixture<ReadContentTask>(d, e);
+            case 0x100000:
+                return new Fixture<ImportTask>(d, form, nullptr);
+            case 0x200000:
+                return new Fixture<ExportWidgetTask>(d, form, nullptr);
+            }
+            return type == DeleteOperation ? new Fixture<DeleteTask>(d, e) : nullptr;
+        };
+        box->append({new Item(module, QStringLiteral("a")), new Item(module, QStringLiteral("b"))});
+        module.outcome = outcome == "ok" ? TaskDescription::Success : TaskDescription::Fail;
+        fixtureLog.clear();
+
+        const quint64 type = QList<quint64> {4, 8, 0x40, 0x80, 0x100000, 0x200000}.at(
+            words("create readContent update delete import export").indexOf(operation));
+        auto *data = new ElementData;
+        data->setName("b");
+        auto *element = static_cast<Element *>(type < 0x40 ? box : box->childNodes().at(0));
+        element->performOperation(OperationType(type), data, 0);
+        QTRY_COMPARE(fixtureLog.join(' ') + " | "
+                         + treeToString(box).remove("item_").mid(1).chopped(1),
+                     expected);
     }
 
     void serviceTasks_data()
@@ -179,7 +281,7 @@ private slots:
             {"reload", Fixture<ReloadServiceTask>::make},
             {"control", Fixture<ControlServiceTask>::make}};
         const QString user = kind.endsWith("nobody") ? "nobody" : kind.endsWith("last") ? "x" : "";
-        module.build = [&](Element *e, quint64 type) { // re-reads: no task
+        module.build = [&](Element *e, quint64 type, ElementData *) { // re-reads: no task
             return type == 0x100000 ? kinds[kind.section('-', 0, 0)](e, program, arguments, user)
                                     : nullptr;
         };
