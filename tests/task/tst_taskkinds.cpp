@@ -4,9 +4,15 @@
 #include "element/element.h"
 #include "element/servicelightelementdata.h"
 #include "plugin/module.h"
+#include "signalrecorder.h"
 #include "task/controlservicetask.h"
+#include "task/createtask.h"
+#include "task/deletetask.h"
 #include "task/dummytask.h"
+#include "task/exportwidgettask.h"
+#include "task/importtask.h"
 #include "task/printwidgettask.h"
+#include "task/readcontenttask.h"
 #include "task/readpropertylightservicetask.h"
 #include "task/reloadservicetask.h"
 #include "task/restartservicetask.h"
@@ -15,6 +21,7 @@
 #include "task/stopservicetask.h"
 #include "task/taskobserver.h"
 #include "task/taskobservermodel.h"
+#include "task/updatetask.h"
 #include "testtasks.h"
 #include "treestring.h"
 #include "widgets/previewdialog.h"
@@ -47,10 +54,19 @@ public:
     QString caption() const override { return title(); }
 };
 
+TaskDescription::TaskStatus outcome = TaskDescription::Success; // of the next scripted task
+
 // A kind as plug-ins derive it; a user given to a ServiceTask puts the command word last.
 template<class Kind> class Fixture : public Kind
 {
 public:
+    template<class... Args>
+    Fixture(ElementData *data, Args... args) // scripted: it ends at once
+        : Kind(args...)
+    {
+        this->_elementData = data;
+        this->_taskDescription.setStatus(std::exchange(outcome, TaskDescription::Success));
+    }
     Fixture(Element *element, const QString &program, const QStringList &arguments,
             const QString &user)
         : Kind(element)
@@ -69,14 +85,16 @@ public:
     }
 };
 
-// Logs each operation as "name(data name)"; build() makes its task.
+// Logs each operation as "name(data name)"; the kind of its type, if any, makes its task.
 class FixtureModule : public Module
 {
 public:
     explicit FixtureModule(const QString &paranoid)
         : Module(QStringLiteral("fixture"), nullptr, false)
     {
-        _moduleData->insert(QStringLiteral("paranoid"), paranoid == "on"); // not the stored one
+        setData(1, paranoid == "on" ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole);
+        if (paranoid == "-")
+            _moduleData->remove(QStringLiteral("paranoid"));
     }
     void performOperation(ContextOperation *context, OperationType type, ElementData *data,
                           int) override
@@ -85,13 +103,13 @@ public:
                                         "readLight", "read",    "update", "delete"};
         fixtureLog << names.value(qCountTrailingZeroBits(quint64(type)), "op") + "("
                 + (data ? data->name() : "null") + ")";
-        if (AbstractTask *task = build(context->elementContext(), type))
-            TaskObserver::instance()->performTask(task);
+        if (const auto kind = kinds.value(type))
+            TaskObserver::instance()->performTask(kind(context->elementContext(), data));
         else
             delete data;
     }
 
-    std::function<AbstractTask *(Element *, quint64)> build;
+    QMap<quint64, std::function<AbstractTask *(Element *, ElementData *)>> kinds;
 };
 
 } // namespace
@@ -133,6 +151,61 @@ private slots:
     {
         fixtureLog.clear();
         QFile::remove(_dir.filePath("argv"));
+    }
+
+    void elementTasks_data()
+    {
+        // operation (on box, from 40 on its child a); paranoid (on, off, - absent); outcome; log
+        table();
+        row("create on", "4;on;ok;create(b) success readContent(b) success setCurrent(item_b)");
+        row("create on failed", "4;on;fail;create(b) fail readContent(null) success");
+        row("create off", "4;off;ok;create(b) success");
+        row("readContent absent", "8;-;ok;readContent(b) success");
+        row("update absent", "40;-;ok;update(b) success read(null)");
+        row("update on failed", "40;on;fail;update(b) fail read(null)");
+        row("update off", "40;off;ok;update(b) success");
+        row("delete on", "80;on;ok;delete(b) success setCurrent(item_box)");
+        row("delete off",
+            "80;off;ok;delete(b) success removed(null) setCurrent(item_box) "
+            "aboutToBeRemoved(item_box,0,0) removed");
+        row("delete failed", "80;off;fail;delete(b) fail");
+        row("import", "100000;off;ok;op(b) success changed");
+        row("import failed", "100000;off;fail;op(b) fail");
+        row("export", "200000;off;ok;op(b) success Export");
+        row("export failed", "200000;off;fail;op(b) fail");
+    }
+
+    void elementTasks()
+    {
+        const auto [operation, paranoid, outcome, expected] = fields<4>();
+        FixtureModule module(paranoid);
+        auto *box = new Item(module, QStringLiteral("box"));
+        ViewEditElementWidget f(module, &Module::defaultTrue); // the form of import and export
+        connect(&f, &ViewEditElementWidget::contentChanged, [](int) { fixtureLog << "changed"; });
+        QTimer closer; // closes the box of a finished export, logging its title
+        connect(&closer, &QTimer::timeout, [] {
+            if (auto *w = qApp->activeModalWidget(); w && w->inherits("QMessageBox") && w->close())
+                fixtureLog << w->windowTitle();
+        });
+        closer.start(20);
+        auto &kinds = module.kinds;
+        kinds.insert(4, [](auto e, auto d) { return new Fixture<CreateTask>(d, e, nullptr); });
+        kinds.insert(8, [](auto e, auto d) { return new Fixture<ReadContentTask>(d, e); });
+        kinds.insert(0x40, [](auto e, auto d) { return new Fixture<UpdateTask>(d, e, nullptr); });
+        kinds.insert(0x80, [](auto e, auto d) { return new Fixture<DeleteTask>(d, e); });
+        kinds.insert(0x100000,
+                     [&](auto, auto d) { return new Fixture<ImportTask>(d, &f, nullptr); });
+        kinds.insert(0x200000,
+                     [&](auto, auto d) { return new Fixture<ExportWidgetTask>(d, &f, nullptr); });
+        box->append({new Item(module, QStringLiteral("a")), new Item(module, QStringLiteral("b"))});
+        ::outcome = outcome == "ok" ? TaskDescription::Success : TaskDescription::Fail;
+        fixtureLog.clear();
+        SignalRecorder recorder(box);
+        auto *data = new ElementData;
+        data->setName("b");
+        auto *e = static_cast<Element *>(operation.size() < 2 ? box : box->childNodes().at(0));
+        e->performOperation(OperationType(operation.toULongLong(nullptr, 16)), data, 0);
+        QTRY_COMPARE((fixtureLog + recorder.log).join(' '), expected);
     }
 
     void serviceTasks_data()
@@ -179,9 +252,8 @@ private slots:
             {"reload", Fixture<ReloadServiceTask>::make},
             {"control", Fixture<ControlServiceTask>::make}};
         const QString user = kind.endsWith("nobody") ? "nobody" : kind.endsWith("last") ? "x" : "";
-        module.build = [&](Element *e, quint64 type) { // re-reads: no task
-            return type == 0x100000 ? kinds[kind.section('-', 0, 0)](e, program, arguments, user)
-                                    : nullptr;
+        module.kinds[0x100000] = [&](Element *e, ElementData *) { // re-reads: no task
+            return kinds[kind.section('-', 0, 0)](e, program, arguments, user);
         };
         element->performOperation(OperationType(0x100000), nullptr, 0);
         fixtureLog.removeFirst(); // the operation itself
