@@ -110,14 +110,8 @@ TreeNode *TreeNodeModel::toTreeNode(const QModelIndex &index) const
         return _rootNode;
     if (index.model() != this)
         return nullptr;
-    auto *parentNode = static_cast<TreeNode *>(index.internalPointer());
-    int row = index.row();
-    if (parentNode == _rootNode) {
-        if (row < _extraRootChildNodes.size())
-            return _extraRootChildNodes.at(row);
-        row -= _extraRootChildNodes.size();
-    }
-    return row < parentNode->childNodesCount() ? parentNode->childNodes().at(row) : nullptr;
+    return OvtCommonPrivate::nodeAtRow(this, static_cast<TreeNode *>(index.internalPointer()),
+                                       index.row());
 }
 
 QList<TreeNode *> TreeNodeModel::toTreeNode(const QItemSelectionRange &range) const

@@ -100,23 +100,30 @@ struct PlainTreeNodeModelClass
     explicit PlainTreeNodeModelClass(const std::type_info &type);
 };
 
+// The node @p model shows in @p row under @p parentNode (the extra root child nodes come first
+// under the root), or @p missing when there is no such row.
+inline TreeNode *nodeAtRow(const TreeNodeModel *model, TreeNode *parentNode, int row,
+                           TreeNode *missing = nullptr)
+{
+    if (parentNode == model->TreeNodeModel::rootNode()) {
+        const QList<TreeNode *> &extras = model->extraRootChildNodes();
+        if (row < extras.size())
+            return extras.at(row);
+        row -= extras.size();
+    }
+    return row < parentNode->childNodesCount() ? parentNode->childNodes().at(row) : missing;
+}
+
 // toTreeNode(index(row, 0, parent)) of a plain model (isPlainTreeNodeModel), read from the
 // nodes: the node of the row, or what the model answers for an invalid index (its root) when
 // there is no such row.
 inline TreeNode *plainRowNode(const TreeNodeModel *model, int row, const QModelIndex &parent)
 {
     TreeNode *parentNode = model->TreeNodeModel::toTreeNode(parent);
-    if (parentNode && row >= 0 && model->TreeNodeModel::columnCount(parent) > 0) {
-        const QList<TreeNode *> &extras = model->extraRootChildNodes();
-        if (parentNode == model->TreeNodeModel::rootNode()) {
-            if (row < extras.size())
-                return extras.at(row);
-            row -= extras.size();
-        }
-        if (row < parentNode->childNodesCount())
-            return parentNode->childNodes().at(row);
-    }
-    return model->TreeNodeModel::toTreeNode(QModelIndex());
+    TreeNode *root = model->TreeNodeModel::toTreeNode(QModelIndex());
+    if (parentNode && row >= 0 && model->TreeNodeModel::columnCount(parent) > 0)
+        return nodeAtRow(model, parentNode, row, root);
+    return root;
 }
 
 // index(row, column, parent).data(role) of a plain model, read from the nodes.
@@ -126,15 +133,8 @@ inline QVariant plainRowData(const TreeNodeModel *model, int row, int column,
     TreeNode *parentNode = model->TreeNodeModel::toTreeNode(parent);
     if (!parentNode || row < 0 || column < 0 || column >= model->TreeNodeModel::columnCount(parent))
         return QVariant();
-    const QList<TreeNode *> &extras = model->extraRootChildNodes();
-    if (parentNode == model->TreeNodeModel::rootNode()) {
-        if (row < extras.size())
-            return extras.at(row) ? extras.at(row)->data(column, role) : QVariant();
-        row -= extras.size();
-    }
-    if (row >= parentNode->childNodesCount())
-        return QVariant();
-    return parentNode->childNodes().at(row)->data(column, role);
+    TreeNode *node = nodeAtRow(model, parentNode, row);
+    return node ? node->data(column, role) : QVariant();
 }
 
 } // namespace OvtCommonPrivate
