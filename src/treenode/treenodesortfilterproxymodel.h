@@ -46,6 +46,8 @@ public:
     QList<TreeNode *> toTreeNode(const QItemSelection &selection) const override;
     /** Invalid for a null node, a foreign node and a node whose row is filtered out. */
     QModelIndex treeNodeToIndex(TreeNode *node) const override;
+    /** As QSortFilterProxyModel's; a row whose node has no children is answered from it. */
+    int rowCount(const QModelIndex &parent = QModelIndex()) const override;
 
 protected:
     bool filterAcceptsColumn(int sourceColumn, const QModelIndex &sourceParent) const override;
