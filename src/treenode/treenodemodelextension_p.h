@@ -88,9 +88,10 @@ inline QModelIndex proxyTreeNodeToIndex(const QAbstractProxyModel *proxy, TreeNo
 }
 
 // Whether @p model is a TreeNodeModel whose class answers index(), toTreeNode(), rowCount(),
-// columnCount(), canFetchMore() and data() exactly as TreeNodeModel does: TreeNodeModel itself, or a subclass registered with
-// PlainTreeNodeModelClass because it overrides none of them. Proxies then read the rows of such
-// a model straight from its nodes instead of building a source index for every question.
+// columnCount() and data() exactly as TreeNodeModel does: TreeNodeModel itself, or a subclass
+// registered with PlainTreeNodeModelClass because it overrides none of them. Proxies then read the
+// rows of such a model straight from its nodes instead of building a source index for every
+// question.
 bool isPlainTreeNodeModel(const QAbstractItemModel *model);
 
 // Registers a subclass of TreeNodeModel that changes none of its answers (see above); meant for

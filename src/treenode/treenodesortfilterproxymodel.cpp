@@ -68,13 +68,12 @@ int TreeNodeSortFilterProxyModel::rowCount(const QModelIndex &parent) const
 {
     // The base builds a mapping for every parent it is asked about, a leaf included, and keeps
     // it until the filter or the source changes: a walk over a big tree made one per row, each
-    // with its own column lists, only to hold no rows. A node without children that cannot
-    // fetch any has no rows whatever the filter, so its mapping is left to be built when a
-    // row first arrives (the base does so before it announces the insertion).
+    // with its own column lists, only to hold no rows. A node without children has no rows
+    // whatever the filter; its mapping is left to be built when rows first arrive (the base
+    // does so before it announces them).
     if (parent.isValid() && parent.model() == this && sourceNodeModel() && _plainSource) {
         const TreeNode *node = _plainSource->TreeNodeModel::toTreeNode(mapToSource(parent));
-        if (node && node != _plainSource->TreeNodeModel::rootNode() && node->childNodesCount() == 0
-            && !node->canFetchMore())
+        if (node && node != _plainSource->TreeNodeModel::rootNode() && node->childNodesCount() == 0)
             return 0;
     }
     return QSortFilterProxyModel::rowCount(parent);
