@@ -68,12 +68,14 @@ int TreeNodeSortFilterProxyModel::rowCount(const QModelIndex &parent) const
 {
     // The base builds a mapping for every parent it is asked about, a leaf included, and keeps
     // it until the filter or the source changes: a walk over a big tree made one per row, each
-    // with its own column lists, only to hold no rows. A node without children has no rows
-    // whatever the filter; its mapping is left to be built when rows first arrive (the base
+    // with its own column lists, only to hold no rows. A row without rows in the source has none
+    // here whatever the filter; its mapping is left to be built when rows first arrive (the base
     // does so before it announces them).
-    if (parent.isValid() && parent.model() == this && sourceNodeModel() && _plainSource) {
-        const TreeNode *node = _plainSource->TreeNodeModel::toTreeNode(mapToSource(parent));
-        if (node && node != _plainSource->TreeNodeModel::rootNode() && node->childNodesCount() == 0)
+    const TreeNodeModel *plain
+        = parent.isValid() && parent.model() == this ? plainSource() : nullptr;
+    if (plain) {
+        const QModelIndex sourceParent = mapToSource(parent);
+        if (sourceParent.isValid() && plain->TreeNodeModel::rowCount(sourceParent) == 0)
             return 0;
     }
     return QSortFilterProxyModel::rowCount(parent);
@@ -97,6 +99,12 @@ const TreeNodeModelExtension *TreeNodeSortFilterProxyModel::sourceNodeModel() co
     return _sourceNodeModel;
 }
 
+const TreeNodeModel *TreeNodeSortFilterProxyModel::plainSource() const
+{
+    sourceNodeModel();
+    return _plainSource;
+}
+
 TreeNode *TreeNodeSortFilterProxyModel::sourceRowNode(int sourceRow,
                                                       const QModelIndex &sourceParent) const
 {
@@ -111,9 +119,8 @@ QVariant TreeNodeSortFilterProxyModel::sourceRowData(int sourceRow, int column,
                                                      const QModelIndex &sourceParent,
                                                      int role) const
 {
-    sourceNodeModel();
-    if (_plainSource)
-        return OvtCommonPrivate::plainRowData(_plainSource, sourceRow, column, sourceParent, role);
+    if (const TreeNodeModel *plain = plainSource())
+        return OvtCommonPrivate::plainRowData(plain, sourceRow, column, sourceParent, role);
     return sourceModel()->index(sourceRow, column, sourceParent).data(role);
 }
 

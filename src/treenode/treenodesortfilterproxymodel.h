@@ -66,6 +66,9 @@ protected:
     QSet<int> _acceptColumns;
 
 private:
+    /** The source when it is a plain node-tree model (its rows are read from its nodes). */
+    const TreeNodeModel *plainSource() const;
+
     // The source's interface, found once per source: the cast across the class hierarchy on
     // every row cost more than the rest of judging it.
     mutable const QAbstractItemModel *_castSource = nullptr;
